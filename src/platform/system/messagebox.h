@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Message boxes: plain text, one "Aceptar" button, blocking. A test answers them.
+
+#include <QString>
+
+#include <functional>
+
+namespace platform {
+
+enum class MessageIcon { None, Information };
+
+struct Message
+{
+    QString text;
+    QString title; ///< empty: the program's own title
+    MessageIcon icon = MessageIcon::None;
+
+    friend bool operator==(const Message&, const Message&) = default;
+};
+
+/// Shows a message over the active window and returns when the user has closed it.
+void messageBox(const Message& message);
+
+/// Replaces what shows messages; an empty function brings the real box back (set by the window library).
+void setMessageBox(std::function<void(const Message&)> show);
+
+} // namespace platform
