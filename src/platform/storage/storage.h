@@ -93,6 +93,13 @@ public:
 
     /// Adds a row. 3022 duplicate key, 3058 Null in the primary key, 3260 locked.
     virtual RowId insert(const Row& row) = 0;
+    /// Adds many rows for tools that fill a store; an engine that can does it in one transaction, all rows or none.
+    /// Failures as `insert`.
+    virtual void insertMany(std::span<const Row> rows)
+    {
+        for (const Row& row : rows)
+            insert(row);
+    }
     /// Writes `changed` where the row still equals `original`. 3167 gone, 3197 changed by another, 3022, 3058, 3260.
     virtual void update(RowId id, const Row& original, const Row& changed) = 0;
     /// Deletes a row. 3167 gone, 3260.
@@ -126,6 +133,9 @@ public:
     [[nodiscard]] virtual bool isReadOnly() const = 0;
     /// A number that changes whenever anyone, this connection included, has changed the file.
     [[nodiscard]] virtual quint64 dataVersion() = 0;
+    /// What the engine's own examination of the whole file finds wrong, one text a fault; empty when it is sound.
+    /// Changes nothing.
+    [[nodiscard]] virtual QStringList integrityFaults() { return {}; }
 
     /// The user's tables, in the order of their making. Reads the schema anew when another station changed it.
     [[nodiscard]] virtual QList<TableDefinition> tables() = 0;
