@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The look that all windows share, and Qt's own texts in Spanish.
+
+#include <QIcon>
+
+namespace platform {
+
+/// Sets the Fusion style, the icon theme that suits a light or dark palette, and the small adjustments of spacing.
+/// Call once, when the application object stands.
+void installAppearance();
+
+/// Loads Qt's Spanish texts. False when the packaged translations aren't there: Qt's texts stay English.
+bool installSpanishTexts();
+
+/// Makes `messageBox()` show real boxes: plain text, "Aceptar", over the active window, titled with the
+/// application's name when the message has no title.
+void installMessageBox();
+
+} // namespace platform

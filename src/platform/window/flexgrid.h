@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// A grid addressed by line and column, row 0 being the heading. Rows, columns and the current cell are the grid's
+// own numbers: Row and Col may stand on the heading when code puts them there, and a number outside fails and
+// changes nothing. Events of editing come only from the user; code that writes cells raises none.
+//
+// It never sorts, a click on a heading does nothing, Tab leaves it, and typing never searches in it.
+
+#include "platform/core/value.h"
+#include "platform/window/cellarray.h"
+#include "platform/window/flexcolumn.h"
+
+#include <QTableView>
+
+#include <memory>
+
+namespace platform {
+
+class FlexModel;
+class FlexDelegate;
+
+class FlexGrid : public QTableView
+{
+    Q_OBJECT
+    Q_PROPERTY(int rows READ rows WRITE setRows)
+    Q_PROPERTY(int cols READ cols WRITE setCols)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
+
+public:
+    /// Two rows, two columns, current cell 1,0, not editable.
+    explicit FlexGrid(QWidget* parent = nullptr);
+    ~FlexGrid() override;
+
+    // --- shape and current cell: failures are 381 (Row, Col, TopRow, cell addresses) and 380 (Rows, Cols)
+
+    /// Number of rows, the heading included; at least 1. Cells of rows that stay keep their text. Row is kept if
+    /// it still exists, else it becomes the last row (0 when only the heading is left).
+    [[nodiscard]] int rows() const;
+    void setRows(int rows);
+    [[nodiscard]] int cols() const;
+    void setCols(int cols);
+
+    /// The current cell: 0..rows-1 and 0..cols-1. Outside: Failure 381, value unchanged.
+    [[nodiscard]] int row() const { return m_row; }
+    void setRow(int row);
+    [[nodiscard]] int col() const { return m_col; }
+    void setCol(int col);
+
+    /// First data row in view, 1 and on; 1 for an empty grid. Outside 1..rows-1: Failure 381.
+    [[nodiscard]] int topRow() const;
+    void setTopRow(int row);
+
+    // --- text of cells
+
+    /// Text of the current cell; on row 0 the heading. The value as written, not its formatted look.
+    [[nodiscard]] QString text() const;
+    void setText(const QString& text);
+    /// Writes a column's value. Null fails with 94 and the cell stays.
+    void setText(const Value& value);
+
+    [[nodiscard]] QString textMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, const QString& text);
+
+    [[nodiscard]] QString heading(int col) const { return textMatrix(0, col); }
+    void setHeading(int col, const QString& text) { setTextMatrix(0, col, text); }
+
+    /// Writes one text to rows 1..last × all columns, in one operation. Headings and the current cell stay.
+    void setRangeText(const QString& text);
+
+    /// Empties every cell, the headings too. A bound grid is unbound first, and its array is left untouched.
+    void clear();
+
+    // --- tick cells: the value is the cell's text, "1" or "0"
+
+    [[nodiscard]] bool isTicked() const;
+    void setTicked(bool ticked);
+    [[nodiscard]] bool isTickedAt(int row, int col) const;
+
+    // --- columns
+
+    void setColKind(int col, CellKind kind);
+    /// See `celllist.h`. The empty text takes the list away.
+    void setColList(int col, const QString& list);
+    void setColFormat(int col, const QString& format);
+    void setColMask(int col, const QString& mask);
+    /// Alignment of rows 1 and on; of the heading.
+    void setColAlignment(int col, Qt::Alignment alignment);
+    void setHeadingAlignment(int col, Qt::Alignment alignment);
+    /// In twips, 1440 an inch; 0 hides the column, -1 brings back the width of a column that was never set.
+    void setColWidth(int col, int twips);
+    [[nodiscard]] int colWidth(int col) const;
+    /// Room for the columns, in twips.
+    [[nodiscard]] int widthTwips() const;
+    [[nodiscard]] const FlexColumn& column(int col) const;
+    /// The last column takes the room that is left ("as it comes").
+    void setLastColStretches(bool stretches);
+
+    // --- editing
+
+    [[nodiscard]] bool isEditable() const { return m_editable; }
+    void setEditable(bool editable);
+    /// Greatest length of a text typed in a cell, 0 for none. Read when an edit has begun, so it is set in
+    /// StartEdit; it keeps its last value.
+    [[nodiscard]] int editMaxLength() const { return m_editMaxLength; }
+    void setEditMaxLength(int length);
+    /// Ends an open cell editor as if the user had left the cell. Nothing without one.
+    void commitOpenEditor();
+    [[nodiscard]] bool isEditing() const;
+
+    // --- binding
+
+    /// Shows an array below the headings: cols = its columns, rows = its rows + 1. Headings stay. Row becomes 1
+    /// if it was 0 and there are rows. Edits are written back to the array. Null unbinds: one row, no array.
+    void bindToArray(std::shared_ptr<CellArray> array);
+    [[nodiscard]] bool isBound() const;
+
+    // --- painting and mouse
+
+    /// A flag, not a count: off holds painting back until it is on again.
+    [[nodiscard]] bool redraw() const { return m_redraw; }
+    void setRedraw(bool redraw);
+    void refresh();
+    /// Cell under the pointer at the last mouse move; -1 outside the cells, row 0 on the heading.
+    [[nodiscard]] int mouseRow() const { return m_mouseRow; }
+    [[nodiscard]] int mouseCol() const { return m_mouseCol; }
+
+Q_SIGNALS:
+    /// Typing, a drop-down or a tick is about to begin. *cancel starts false; true keeps the cell as it is.
+    void StartEdit(int row, int col, bool* cancel);
+    /// A user's edit has ended with the cell written; also after a tick and when the focus is lost.
+    void AfterEdit(int row, int col);
+    void CellButtonClick(int row, int col);
+    /// A button went down, before the current cell moves. The right button never moves it.
+    void MouseDown(Qt::MouseButton button);
+    void MouseMove();
+    void DblClick();
+    /// A character key (Enter and blank included) while no cell is being edited. `code` is its UTF-16 unit.
+    void KeyPress(int code);
+    /// The current cell moved, by the user or by code.
+    void RowColChange();
+    void gotFocus();
+    void lostFocus();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void keyboardSearch(const QString& search) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    void requireRow(int row) const;
+    void requireCol(int col) const;
+    void placeCursor();
+    void applyWidths();
+    void keepRowInside();
+    [[nodiscard]] bool startsEdit(const QModelIndex& index);
+    bool toggleTick(const QModelIndex& index);
+    [[nodiscard]] bool isOnButton(const QModelIndex& index, const QPoint& position) const;
+
+    std::unique_ptr<FlexModel> m_model;
+    FlexDelegate* m_delegate = nullptr;
+    int m_row = 1;
+    int m_col = 0;
+    int m_editMaxLength = 0;
+    int m_mouseRow = -1;
+    int m_mouseCol = -1;
+    bool m_editable = false;
+    bool m_redraw = true;
+    bool m_placingCursor = false;
+};
+
+} // namespace platform

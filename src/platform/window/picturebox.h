@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// A small picture that acts as a button. It takes the focus at a click, before it reports it; blank and Enter click
+// it too.
+
+#include <QToolButton>
+
+namespace platform {
+
+class PictureBox : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    explicit PictureBox(QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void click();
+    void MouseMove();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+};
+
+} // namespace platform
