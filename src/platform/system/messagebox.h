@@ -20,10 +20,14 @@ struct Message
     friend bool operator==(const Message&, const Message&) = default;
 };
 
-/// Shows a message over the active window and returns when the user has closed it.
+/// Shows a message over the active window and returns when the user has closed it. Where neither of the functions
+/// below was called there is no window to show it over: it returns at once.
 void messageBox(const Message& message);
 
-/// Replaces what shows messages; an empty function brings the real box back (set by the window library).
+/// Replaces what shows messages; an empty function brings the real box back.
 void setMessageBox(std::function<void(const Message&)> show);
+
+/// Installs the real box. For the window library, at its start.
+void setRealMessageBox(std::function<void(const Message&)> show);
 
 } // namespace platform
