@@ -48,12 +48,12 @@ public:
     [[nodiscard]] bool AllowZeroLength() const;
     /// On a stored table it acts at once. 3219 on a numeric column.
     void setAllowZeroLength(bool allowed);
-    /// Value in the edit buffer while an edit is pending, else in the current row. 3021 no current record, 3167
-    /// deleted. Fails on a column of a table definition, which has no row.
+    /// Value in the edit buffer while an edit is pending, else in the current row. 3021 no current record,
+    /// 3167 deleted. Fails on a column of a table definition, which has no row.
     [[nodiscard]] platform::Value Value() const;
-    /// Into the edit buffer, converted to the column's type at once. 3020 no edit pending, 3163 text longer than
-    /// `Size`, 3421 no number in a numeric column, 3315 "" where it isn't allowed. A failure leaves the buffer's
-    /// value.
+    /// Into the edit buffer, converted to the column's type at once. 3020 no edit pending, 3163 text longer
+    /// than `Size`, 3421 no number in a numeric column, 3315 "" where it isn't allowed. A failure leaves the
+    /// buffer's value.
     void setValue(const platform::Value& value) const;
     void setValue(const QString& text) const;
     void setValue(double number) const;
@@ -189,13 +189,13 @@ public:
     [[nodiscard]] bool isBound() const noexcept; ///< false: never bound
 
     [[nodiscard]] QString Index() const;
-    /// 3015 no such index (the old one stays), 3251 not a table-type recordset. Drops a pending edit; the first
-    /// record becomes current.
+    /// 3015 no such index (the old one stays), 3251 not a table-type recordset. Drops a pending edit; the
+    /// first record becomes current.
     void setIndex(const QString& name);
-    /// Finds the first row, in index order, whose leading key columns equal `keys`; sets `NoMatch`. Not found:
-    /// no current record. 3019 no index, 3421 a key that can't be converted, 3001 too many keys or another
-    /// comparison than "=". A failing seek changes neither `NoMatch` nor the position; a pending edit is dropped
-    /// either way.
+    /// Finds the first row, in index order, whose leading key columns equal `keys`; sets `NoMatch`. Not
+    /// found: no current record. 3019 no index, 3421 a key that can't be converted, 3001 too many keys or
+    /// another comparison than "=". A failing seek changes neither `NoMatch` nor the position; a pending edit
+    /// is dropped either way.
     template <typename... Keys>
     void Seek(QStringView comparison, const Keys&... keys)
     {
@@ -258,8 +258,8 @@ public:
     [[nodiscard]] TableDef CreateTableDef(const QString& name) const;
     [[nodiscard]] dao::TableDefs TableDefs() const;
     [[nodiscard]] dao::Recordsets Recordsets() const;
-    /// Table-type: `source` is a table's name (3011). Dynaset and snapshot: a table's name or a query (3078, 3061,
-    /// 3075, 3085, 3142, 3219), run at once.
+    /// Table-type: `source` is a table's name (3011). Dynaset and snapshot: a table's name or a query (3078,
+    /// 3061, 3075, 3085, 3142, 3219), run at once.
     [[nodiscard]] Recordset OpenRecordset(const QString& source, RecordsetType type) const;
     /// Takes `DROP INDEX name ON table`; 3065 for a query.
     void Execute(const QString& sql);
