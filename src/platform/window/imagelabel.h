@@ -15,7 +15,7 @@ public:
     explicit ImageLabel(QWidget* parent = nullptr);
 
 Q_SIGNALS:
-    void click();
+    void clicked();
     void MouseMove();
 
 protected:

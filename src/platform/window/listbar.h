@@ -43,14 +43,19 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    void moveFocus(int step);
-    [[nodiscard]] bool pressLetter(QChar letter);
+    void setCurrent(int index);
+    [[nodiscard]] bool pressLetter(const QString& letter);
+    void press(int index, Qt::FocusReason reason);
 
     QVBoxLayout* m_layout;
     QList<ListBarItem*> m_items;
+    int m_current = 0;
     bool m_altKeys = true;
 };
 

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/window/appearance.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTranslator>
+
+namespace platform {
+
+namespace {
+
+constexpr int kMiddleLightness = 128;
+
+bool isDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < kMiddleLightness;
+}
+
+} // namespace
+
+void installAppearance()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
+    QIcon::setFallbackThemeName(QStringLiteral("breeze"));
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+}
+
+bool installSpanishTexts()
+{
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    bool allLoaded = true;
+    for (const QString& file : {QStringLiteral("qt_es"), QStringLiteral("qtbase_es")}) {
+        auto* translator = new QTranslator(qApp);
+        if (translator->load(file, folder))
+            QCoreApplication::installTranslator(translator);
+        else
+            allLoaded = false;
+    }
+    return allLoaded;
+}
+
+} // namespace platform

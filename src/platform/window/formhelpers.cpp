@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/window/formhelpers.h"
+
+#include "platform/core/failure.h"
+#include "platform/core/failurenumbers.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDialog>
+#include <QMenu>
+#include <QTabBar>
+#include <QTimer>
+#include <QWidget>
+
+namespace platform {
+
+namespace {
+
+/// Opens the protected step to the next control.
+class FocusMover : public QWidget
+{
+public:
+    static void moveOn(QWidget* form) { (form->*&FocusMover::focusNextPrevChild)(true); }
+};
+
+} // namespace
+
+void setMousePointer(QWidget* form, int pointer)
+{
+    if (pointer == kBusyPointer)
+        form->setCursor(Qt::BusyCursor);
+    else if (pointer == kDefaultPointer)
+        form->unsetCursor();
+    else
+        throw Failure(kInvalidPropertyValue, QStringLiteral("pointer %1").arg(pointer));
+}
+
+int mousePointer(const QWidget* form)
+{
+    return form->testAttribute(Qt::WA_SetCursor) ? kBusyPointer : kDefaultPointer;
+}
+
+void sendTab(QWidget* form)
+{
+    QTimer::singleShot(0, form, [form] {
+        if (QApplication::activeWindow() == form)
+            FocusMover::moveOn(form);
+    });
+}
+
+void execModal(QDialog* dialog)
+{
+    if (dialog->isVisible())
+        throw Failure(kFormAlreadyShown, QStringLiteral("the form is shown already"));
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->exec();
+}
+
+void popupMenu(QMenu* menu)
+{
+    menu->exec(QCursor::pos());
+}
+
+} // namespace platform

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/window/formkeys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace platform {
+
+FormKeys::FormKeys(QWidget* form)
+    : QObject(form)
+    , m_form(form)
+{
+    qApp->installEventFilter(this);
+}
+
+bool FormKeys::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    // A key that a control leaves goes on to its parents; only the first stop counts.
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || widget != QApplication::focusWidget() || widget->window() != m_form)
+        return false;
+    const QPointer<QObject> target = watched;
+    bool eaten = false;
+    Q_EMIT keyDown(static_cast<QKeyEvent*>(event)->key(), &eaten);
+    return eaten || !target;
+}
+
+} // namespace platform
