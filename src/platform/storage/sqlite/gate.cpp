@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/storage/sqlite/gate.h"
+
+#include "platform/core/failure.h"
+#include "platform/storage/sqlite/rangelock.h"
+
+using namespace Qt::StringLiterals;
+
+namespace platform::storage::sqlite {
+
+namespace {
+
+using Deadline = std::chrono::steady_clock::time_point;
+
+/// The room, by way of the turnstile. Whatever the outcome, the turnstile is free afterwards.
+LockResult enterRoom(int descriptor, LockKind kind, Deadline deadline) noexcept
+{
+    const LockResult queued = lockUntil(descriptor, kTurnstileByte, LockKind::Exclusive, deadline);
+    if (queued != LockResult::Taken)
+        return queued;
+    const LockResult inside = lockUntil(descriptor, kRoomByte, kind, deadline);
+    unlock(descriptor, kTurnstileByte);
+    return inside;
+}
+
+} // namespace
+
+GatePass::GatePass(const Sidecar& sidecar, Task task, bool writes) : m_descriptor(sidecar.descriptor())
+{
+    if (!sidecar.exists())
+        return;
+    const Deadline deadline = std::chrono::steady_clock::now() + kGateWait;
+    const LockKind kind = writes ? LockKind::Exclusive : LockKind::Shared;
+    // A sidecar that is only readable gives no exclusive lock, so its readers can't queue at the turnstile.
+    const LockResult result = sidecar.isWritable() ? enterRoom(m_descriptor, kind, deadline)
+                                                   : lockUntil(m_descriptor, kRoomByte, kind, deadline);
+    if (result != LockResult::Taken)
+        throw Failure(lockedNumber(task), u"the file stayed locked by others"_s);
+}
+
+GatePass::~GatePass()
+{
+    if (m_descriptor >= 0)
+        unlock(m_descriptor, kRoomByte);
+}
+
+} // namespace platform::storage::sqlite
