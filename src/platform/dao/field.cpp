@@ -10,7 +10,9 @@ namespace {
 /// The field's object; 3420 when the recordset or the database that it belongs to is gone or closed.
 FieldState& valid(const std::shared_ptr<FieldState>& state)
 {
-    FieldState& field = bound(state);
+    if (!state)
+        throw Failure(kObjectNotSet);
+    FieldState& field = *state;
     if (field.owner == FieldState::Owner::Recordset &&
         (field.recordset == nullptr || field.recordset->isClosed()))
         throw Failure(kObjectInvalid);
@@ -18,6 +20,7 @@ FieldState& valid(const std::shared_ptr<FieldState>& state)
         if (const std::shared_ptr<TableDefState> table = field.table.lock())
             table->requireValid();
     }
+    probeCall(field.column.name);
     return field;
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/dao/callprobe.h"
 #include "platform/dao/dao.h"
 
 #include <memory>
@@ -87,6 +88,7 @@ State& bound(const std::shared_ptr<State>& state)
 {
     if (!state)
         throw Failure(kObjectNotSet);
+    probeCall();
     return *state;
 }
 
