@@ -8,17 +8,13 @@
 #include "platform/system/process.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/formhelpers.h"
-#include "platform/window/handlers.h"
-#include "platform/window/icons.h"
 #include "shell/globalsat.h"
 #include "shell/launch.h"
 #include "shell/version.h"
+#include "ui_stmain.h"
 
-#include <QLabel>
-#include <QMenuBar>
 #include <QResizeEvent>
 #include <QScreen>
-#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 using platform::attempt;
@@ -45,13 +41,14 @@ STMAIN::STMAIN(QString commandLine, STMAINLinks links, QWidget* parent)
     : QMainWindow(parent)
     , m_commandLine(std::move(commandLine))
     , m_links(std::move(links))
+    , ui(std::make_unique<Ui::STMAIN>())
 {
-    setObjectName(u"STMAIN"_s);
-    buildMenus();
+    ui->setupUi(this);
     buildToolBar();
     connectEvents();
-    resize(sizeHint());
 }
+
+STMAIN::~STMAIN() = default;
 
 void STMAIN::load()
 {

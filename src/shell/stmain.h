@@ -11,8 +11,11 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
-class QToolBar;
+namespace Ui {
+class STMAIN;
+}
 
 /// The windows that the commands show and the engine that the end of the run closes. `main.cpp` sets them,
 /// tests answer them. An empty one fails with 91, as anything that nothing has bound.
@@ -30,6 +33,7 @@ class STMAIN : public QMainWindow
 
 public:
     STMAIN(QString commandLine, STMAINLinks links, QWidget* parent = nullptr);
+    ~STMAIN() override;
 
     /// The whole start sequence: shows the window, tests the command line (and ends the process if it breaks
     /// the contract), opens the catalogue and brings up the stores. Skip mode.
@@ -68,9 +72,7 @@ protected:
 
 private:
     // stmainbuild.cpp
-    void buildMenus();
     void buildToolBar();
-    void addTool(const QString& name, const QString& text, const QString& hint, const QIcon& icon);
     platform::ComboList* addCombo(const QString& name, const QString& label, const QString& hint);
     void connectEvents();
 
@@ -90,7 +92,7 @@ private:
 
     QString m_commandLine;
     STMAINLinks m_links;
-    QToolBar* m_barrasup = nullptr;
+    std::unique_ptr<Ui::STMAIN> ui;
     platform::ComboList* m_companies = nullptr; ///< named `Idioma`: the tool of that name holds the companies
     platform::ComboList* m_exercises = nullptr;
     int m_refusedWidth = -1;
