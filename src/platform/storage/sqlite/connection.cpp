@@ -22,6 +22,18 @@ quint64 StoreConnection::dataVersion()
     return m_store->changeNumber();
 }
 
+QStringList StoreConnection::integrityFaults()
+{
+    const Reading reading(*m_store);
+    Statement examination = m_store->prepare("PRAGMA integrity_check", Task::Read);
+    QStringList faults;
+    Run run(examination, Task::Read);
+    while (run.next())
+        faults.append(textAt(examination, 0));
+    // A sound file answers "ok" and nothing else.
+    return faults == QStringList{QStringLiteral("ok")} ? QStringList() : faults;
+}
+
 const QList<StoredTable>& StoreConnection::schema()
 {
     const qint64 number = m_store->structureNumber();

@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] bool isReadOnly() const override;
     [[nodiscard]] quint64 dataVersion() override;
+    [[nodiscard]] QStringList integrityFaults() override;
     [[nodiscard]] QList<TableDefinition> tables() override;
     [[nodiscard]] std::unique_ptr<Table> openTable(const QString& name) override;
     [[nodiscard]] ResultSet query(const sql::Select& select) override;

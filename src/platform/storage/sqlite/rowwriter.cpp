@@ -48,11 +48,8 @@ void RowWriter::requirePrimaryKey(const Row& row) const
     }
 }
 
-RowId RowWriter::insert(const Row& row)
+void RowWriter::add(const Row& row)
 {
-    requireWhole(row);
-    requirePrimaryKey(row);
-    Writing writing(m_store, Task::Write);
     if (!m_insert) {
         QByteArray columns;
         QByteArray places;
@@ -67,9 +64,29 @@ RowId RowWriter::insert(const Row& row)
     for (std::size_t i = 0; i < row.size(); ++i)
         m_insert.bind(static_cast<int>(i) + 1, row[i]);
     Run(m_insert, Task::Write).finish();
+}
+
+RowId RowWriter::insert(const Row& row)
+{
+    requireWhole(row);
+    requirePrimaryKey(row);
+    Writing writing(m_store, Task::Write);
+    add(row);
     const RowId id = sqlite3_last_insert_rowid(m_store.database().get());
     writing.commit();
     return id;
+}
+
+void RowWriter::insertMany(std::span<const Row> rows)
+{
+    for (const Row& row : rows) {
+        requireWhole(row);
+        requirePrimaryKey(row);
+    }
+    Writing writing(m_store, Task::Write);
+    for (const Row& row : rows)
+        add(row);
+    writing.commit();
 }
 
 void RowWriter::update(RowId id, const Row& original, const Row& changed)

@@ -19,6 +19,7 @@ public:
 
     /// As the operations of `Table`.
     RowId insert(const Row& row);
+    void insertMany(std::span<const Row> rows);
     void update(RowId id, const Row& original, const Row& changed);
     void erase(RowId id);
 
@@ -26,6 +27,8 @@ private:
     void requireWhole(const Row& row) const;
     void requirePrimaryKey(const Row& row) const;
     void requireUnchanged(RowId id, const Row& original);
+    /// Runs the insert of one row within the transaction that stands.
+    void add(const Row& row);
     [[nodiscard]] Statement& updateOf(const std::vector<int>& columns);
 
     Store& m_store;

@@ -199,6 +199,11 @@ RowId StoreTable::insert(const Row& row)
     return m_writer.insert(row);
 }
 
+void StoreTable::insertMany(std::span<const Row> rows)
+{
+    m_writer.insertMany(rows);
+}
+
 void StoreTable::update(RowId id, const Row& original, const Row& changed)
 {
     m_writer.update(id, original, changed);

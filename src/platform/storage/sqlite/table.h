@@ -27,6 +27,7 @@ public:
     [[nodiscard]] bool read(RowId id, Row& row) override;
     void readMany(std::span<const RowId> ids, std::span<const int> columns, RowBlock& block) override;
     RowId insert(const Row& row) override;
+    void insertMany(std::span<const Row> rows) override;
     void update(RowId id, const Row& original, const Row& changed) override;
     void erase(RowId id) override;
 
