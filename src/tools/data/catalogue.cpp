@@ -15,6 +15,7 @@ constexpr std::array kCompanies{
 };
 
 constexpr std::array kZones{
+    Zone{u"0000000001", u"ZONA GENERAL", u""},
     Zone{u"0000000002", u"CENTRO", u"Calles peatonales: la furgoneta entra de 8 a 11."},
     Zone{u"0000000003", u"POLÍGONOS Y NAVES", u""},
     Zone{u"0000000004", u"COSTA", u"En agosto, doble turno de guardia."},

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/data/demoroot.h"
 
+#include "platform/dao/constants.h"
 #include "platform/storage/storage.h"
 #include "platform/system/paths.h"
-#include "shell/globalsat.h"
 #include "stores/allstores.h"
-#include "stores/bdarticul.h"
-#include "stores/bdcliente.h"
-#include "stores/consultas.h"
-#include "stores/creation.h"
-#include "stores/telefonos.h"
-#include "stores/tipcli.h"
-#include "stores/zone.h"
 #include "tools/data/bulktable.h"
 #include "tools/data/catalogue.h"
 #include "tools/data/companiesschema.h"
@@ -30,30 +23,6 @@ namespace {
 
 using platform::storage::Connection;
 
-/// Works inside a folder, and puts the directory and the program-wide variables back on every way out.
-class InsideFolder
-{
-public:
-    explicit InsideFolder(const QString& folder)
-        : m_before(QDir::currentPath())
-    {
-        if (!QDir::setCurrent(folder))
-            throw ToolError(QStringLiteral("no se puede entrar en la carpeta «%1»").arg(folder));
-    }
-    ~InsideFolder()
-    {
-        resetProgramState();
-        QDir::setCurrent(m_before);
-    }
-    InsideFolder(const InsideFolder&) = delete;
-    InsideFolder& operator=(const InsideFolder&) = delete;
-    InsideFolder(InsideFolder&&) = delete;
-    InsideFolder& operator=(InsideFolder&&) = delete;
-
-private:
-    QString m_before;
-};
-
 void makeFolder(const QString& folder)
 {
     const QFileInfo info(folder);
@@ -65,18 +34,22 @@ void makeFolder(const QString& folder)
         throw ToolError(QStringLiteral("no se puede crear la carpeta «%1»").arg(folder));
 }
 
-std::unique_ptr<Connection> opened(const stores::StoreSchema& store)
+/// Makes a store with the tables of its schema, all at once and open. Row for row and column for column it is what
+/// the program's own create procedure makes, which asks for a durable commit a column.
+std::unique_ptr<Connection> created(const stores::StoreSchema& store, const QString& folder)
 {
-    const QString folder = store.place == stores::Place::CompanyFolder ? RUTAEMPRESA : platform::currentDirectory();
-    return platform::storage::sqliteEngine()->open(platform::nativePath(folder + store.file.toString()),
-                                                   platform::storage::Sharing::Shared);
+    const QString path = platform::nativePath(folder + u'\\' + store.file.toString());
+    const platform::storage::CreateOptions options{platform::dao::kSpanishLocale.toString(), store.formatOption};
+    auto connection = platform::storage::sqliteEngine()->create(path, options);
+    for (const auto& table : stores::tableDefinitions(store.tables))
+        connection->createTable(table);
+    return connection;
 }
 
-void makeCatalogue()
+void makeCatalogue(const QString& root)
 {
-    stores::createStore(platform::currentDirectory() + kCompaniesStore.file.toString(), kCompaniesStore);
-    const auto connection = opened(kCompaniesStore);
-    BulkTable table(*connection, kEmp.name);
+    const auto catalogue = created(kCompaniesStore, root);
+    BulkTable table(*catalogue, kEmp.name);
     for (const Company& company : companies()) {
         table.add({{u"MENUMEMPRESA", company.number.toString()},
                    {u"MENOMBRE", company.name.toString()},
@@ -87,55 +60,47 @@ void makeCatalogue()
     table.flush();
 }
 
-/// Every store of the company in `RUTAEMPRESA`, as its first start would leave it. The two that an opening adds
-/// to, prices and the default zone, are opened once.
-void createStores()
-{
-    CREARARTICULOS();
-    CREARCLIENTES();
-    ABRIRCLIENTES();
-    CERRARCLIENTES();
-    CREARZONAS();
-    ABRIRZONAS();
-    CERRARZONAS();
-    CREARTIPOS();
-    CREARCONSULTAS();
-    CREARTELEFONOS();
-}
-
 /// Numbers of the generator's streams, so that a change in one store leaves the rows of the others as they were.
 enum Stream : std::uint64_t { Articles, Types, Clients, Consultations, Telephones, StreamsPerCompany };
 
-void makeCompany(const Company& company, int clientCount, std::uint64_t seed, std::uint64_t firstStream)
+struct DemoCompany
 {
-    NUMEMPRESA = company.number.toString();
-    RUTAEMPRESA = platform::currentDirectory() + QStringLiteral("\\Empresa%1\\").arg(NUMEMPRESA);
-    if (!QDir().mkpath(platform::nativePath(RUTAEMPRESA)))
-        throw ToolError(QStringLiteral("no se puede crear la carpeta «Empresa%1»").arg(NUMEMPRESA));
-    createStores();
+    const Company& company;
+    int clients;
+    std::uint64_t seed;
+    std::uint64_t firstStream;
 
-    const auto generator = [&](Stream stream) { return Random(seed, firstStream + stream); };
-    Random articleDraws = generator(Articles);
-    fillArticles(*opened(stores::kArticulosStore), articleDraws);
-    fillZones(*opened(stores::kZonasStore));
-    Random typeDraws = generator(Types);
-    fillTypes(*opened(stores::kTiposStore), typeDraws);
-    Random clientDraws = generator(Clients);
-    const std::vector<WrittenClient> written =
-        fillClients(*opened(stores::kClientesStore), clientCount, clientDraws);
-    Random consultationDraws = generator(Consultations);
-    fillConsultations(*opened(stores::kConsultasStore), written, consultationDraws);
-    Random telephoneDraws = generator(Telephones);
-    fillTelephones(*opened(stores::kTelefonosStore), company, written, telephoneDraws);
+    [[nodiscard]] Random draws(Stream stream) const { return {seed, firstStream + stream}; }
+};
+
+void makeCompany(const DemoCompany& demo, const QString& root, Connection& telephones)
+{
+    const QString folder = root + QStringLiteral("/Empresa") + demo.company.number.toString();
+    if (!QDir().mkpath(folder))
+        throw ToolError(QStringLiteral("no se puede crear la carpeta «%1»").arg(folder));
+    Random articleDraws = demo.draws(Articles);
+    fillArticles(*created(stores::kArticulosStore, folder), articleDraws);
+    fillZones(*created(stores::kZonasStore, folder));
+    Random typeDraws = demo.draws(Types);
+    fillTypes(*created(stores::kTiposStore, folder), typeDraws);
+
+    const auto clients = created(stores::kClientesStore, folder);
+    clients->createTable(stores::tableDefinition(stores::kTarifasCliente)); // as the first opening does
+    Random clientDraws = demo.draws(Clients);
+    const std::vector<WrittenClient> written = fillClients(*clients, demo.clients, clientDraws);
+    Random consultationDraws = demo.draws(Consultations);
+    fillConsultations(*created(stores::kConsultasStore, folder), written, consultationDraws);
+    Random telephoneDraws = demo.draws(Telephones);
+    fillTelephones(telephones, demo.company, written, telephoneDraws);
 }
 
-void copyReports(const QString& from)
+void copyReports(const QString& from, const QString& root)
 {
     if (from.isEmpty())
         return;
     const QDir folder(from);
     for (const QString& name : folder.entryList({QStringLiteral("*.rpt")}, QDir::Files, QDir::Name)) {
-        if (!QFile::copy(folder.filePath(name), QDir::current().filePath(name)))
+        if (!QFile::copy(folder.filePath(name), QDir(root).filePath(name)))
             throw ToolError(QStringLiteral("no se puede copiar el informe «%1»").arg(name));
     }
 }
@@ -146,15 +111,16 @@ void makeDemoRoot(const DemoRequest& request)
 {
     constexpr int kClientsOfOthers = 40;
     makeFolder(request.folder);
-    const QString reports = request.reports.isEmpty() ? QString() : QDir(request.reports).absolutePath();
-    const InsideFolder inside(request.folder);
-    makeCatalogue();
+    const QString root = QDir(request.folder).absolutePath();
+    makeCatalogue(root);
+    const auto telephones = created(stores::kTelefonosStore, root);
     std::uint64_t firstStream = 0;
     for (const Company& company : companies()) {
-        makeCompany(company, company.isMain ? request.clients : kClientsOfOthers, request.seed, firstStream);
+        const int clients = company.isMain ? request.clients : kClientsOfOthers;
+        makeCompany({company, clients, request.seed, firstStream}, root, *telephones);
         firstStream += StreamsPerCompany;
     }
-    copyReports(reports);
+    copyReports(request.reports, root);
 }
 
 } // namespace tools

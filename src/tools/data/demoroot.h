@@ -20,9 +20,8 @@ struct DemoRequest
 };
 
 /// Makes the data root in a folder that must be missing or empty; the folder and its parents are made. The same
-/// request always makes the same rows. Stores are created by the program's own procedures, so that they have the
-/// shape that a start would give them, and filled in blocks of one transaction. 100,000 clients take about a minute.
-/// Changes the current directory while it runs and leaves the program-wide variables as at the start of a process.
+/// request always makes the same rows. Stores are made from the schemas of the program's own create procedures and
+/// filled in blocks of one transaction through the storage seam, so that 100,000 clients take about a minute.
 ///
 /// Throws `ToolError` when the folder can't be used, and the data engine's `Failure` when a store can't be written;
 /// what was made until then stays.

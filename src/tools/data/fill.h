@@ -33,7 +33,7 @@ struct WrittenClient
 };
 
 void fillArticles(platform::storage::Connection& store, Random& random);
-/// Leaves the default zone alone, which the open procedure has made.
+/// The zones, with the default one that every opening sees to.
 void fillZones(platform::storage::Connection& store);
 void fillTypes(platform::storage::Connection& store, Random& random);
 /// Clients 1 to `count` with their addresses, accounts, concepts and prices.

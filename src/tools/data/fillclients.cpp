@@ -15,9 +15,6 @@ namespace {
 using platform::Null;
 using platform::Value;
 
-constexpr QStringView kGeneralZoneCode = u"0000000001";
-constexpr QStringView kGeneralZone = u"ZONA GENERAL";
-
 struct ClientTables
 {
     explicit ClientTables(platform::storage::Connection& store)
@@ -59,9 +56,7 @@ std::vector<Cell> zoneOf(Random& random)
 {
     if (random.chance(20))
         return {{u"ZonaCodigo", QString()}, {u"ZonaDesc", QString()}};
-    if (random.chance(40))
-        return {{u"ZonaCodigo", kGeneralZoneCode.toString()}, {u"ZonaDesc", kGeneralZone.toString()}};
-    const Zone& zone = random.pick(zones());
+    const Zone& zone = random.chance(40) ? zones().front() : random.pick(zones());
     return {{u"ZonaCodigo", zone.code.toString()}, {u"ZonaDesc", zone.description.toString()}};
 }
 
