@@ -42,6 +42,9 @@ private Q_SLOTS:
     void longTextTakesTimeInProportion_data();
     void longTextTakesTimeInProportion();
     void longLiteralIsAccepted();
+    void listOf255IsAccepted();
+    void longerListIsASyntaxError_data();
+    void longerListIsASyntaxError();
 };
 
 void HostileQueriesTest::malformedQueryIsASyntaxError_data()
@@ -259,6 +262,32 @@ void HostileQueriesTest::longLiteralIsAccepted()
     const sql::Select select = sql::parseSelect(u"SELECT a FROM t WHERE a = '"_s + literal + u"'"_s);
 
     QCOMPARE(treetext::ofWhere(select).size(), literal.size() + 8);
+}
+
+void HostileQueriesTest::listOf255IsAccepted()
+{
+    const QString list = u"a"_s + u",a"_s.repeated(254);
+
+    const sql::Select select = sql::parseSelect(u"SELECT %1 FROM t WHERE f(%1) ORDER BY %1"_s.arg(list));
+
+    QCOMPARE(select.items.size(), std::size_t{255});
+    QCOMPARE(select.orderBy.size(), std::size_t{255});
+}
+
+void HostileQueriesTest::longerListIsASyntaxError_data()
+{
+    const QString list = u"a"_s + u",a"_s.repeated(255);
+    QTest::addColumn<QString>("text");
+    QTest::newRow("items") << u"SELECT %1 FROM t"_s.arg(list);
+    QTest::newRow("keys") << u"SELECT a FROM t ORDER BY %1"_s.arg(list);
+    QTest::newRow("arguments") << u"SELECT a FROM t WHERE f(%1)"_s.arg(list);
+}
+
+void HostileQueriesTest::longerListIsASyntaxError()
+{
+    QFETCH(QString, text);
+
+    QCOMPARE(failureOf([&] { return sql::parseSelect(text); }), kSyntaxError);
 }
 
 QTEST_GUILESS_MAIN(HostileQueriesTest)

@@ -9,6 +9,7 @@ namespace platform::sql {
 namespace {
 
 constexpr int kMostLevels = 200;
+constexpr std::size_t kMostArguments = 255;
 
 /// An expression and the height of its tree.
 struct Tree
@@ -182,6 +183,8 @@ Tree ExpressionParser::readCall(QString name)
     if (m_tokens.acceptSymbol(u")"))
         return makeTree(std::move(call));
     do {
+        if (call.arguments.size() == kMostArguments)
+            failSyntax(QStringLiteral("too many arguments"));
         Tree argument = readJoined(0);
         below = std::max(below, argument.height);
         call.arguments.push_back(std::move(argument.root));

@@ -16,6 +16,8 @@ namespace {
 constexpr std::array<QStringView, 8> kActionWords{u"INSERT", u"UPDATE", u"DELETE", u"DROP",
                                                   u"CREATE", u"ALTER",  u"GRANT",  u"REVOKE"};
 
+constexpr std::size_t kMostListed = 255; // as many as a table has columns
+
 [[nodiscard]] bool startsAction(const TokenStream& tokens) noexcept
 {
     return std::any_of(kActionWords.begin(), kActionWords.end(),
@@ -71,6 +73,18 @@ constexpr std::array<QStringView, 8> kActionWords{u"INSERT", u"UPDATE", u"DELETE
     return item;
 }
 
+template <typename Item>
+[[nodiscard]] std::vector<Item> readList(TokenStream& tokens, Item (*readOne)(TokenStream&))
+{
+    std::vector<Item> list;
+    do {
+        if (list.size() == kMostListed)
+            failSyntax(QStringLiteral("list too long"));
+        list.push_back(readOne(tokens));
+    } while (tokens.acceptSymbol(u","));
+    return list;
+}
+
 } // namespace
 
 Select parseSelect(QStringView text)
@@ -80,18 +94,14 @@ Select parseSelect(QStringView text)
         throw Failure(kInvalidOperation, QStringLiteral("an action query gives no rows"));
     tokens.expectWord(u"SELECT");
     Select select;
-    do
-        select.items.push_back(readItem(tokens));
-    while (tokens.acceptSymbol(u","));
+    select.items = readList(tokens, readItem);
     tokens.expectWord(u"FROM");
     select.table = tokens.expectName();
     if (tokens.acceptWord(u"WHERE"))
         select.where = parseExpression(tokens);
     if (tokens.acceptWord(u"ORDER")) {
         tokens.expectWord(u"BY");
-        do
-            select.orderBy.push_back(readOrderItem(tokens));
-        while (tokens.acceptSymbol(u","));
+        select.orderBy = readList(tokens, readOrderItem);
     }
     tokens.expectEnd();
     return select;
