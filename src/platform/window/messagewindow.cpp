@@ -32,7 +32,7 @@ void showMessage(const Message& message)
 
 void installMessageBox()
 {
-    setMessageBox(showMessage);
+    setRealMessageBox(showMessage);
 }
 
 } // namespace platform
