@@ -16,15 +16,16 @@ enum class CellKind {
     Boolean, ///< a tick box; the value is the text "1", "0" or ""
 };
 
-/// Width of a column whose width was never set.
+/// Width of a column whose width was never set; the last one of them takes the room that is left.
 inline constexpr int kDefaultWidthTwips = 960;
+inline constexpr int kWidthNotSet = -1;
 
 struct FlexColumn
 {
     CellKind kind = CellKind::Text;
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     Qt::Alignment headingAlignment = Qt::AlignLeft | Qt::AlignVCenter;
-    int widthTwips = kDefaultWidthTwips; ///< 1440 an inch; 0 hides the column
+    int widthTwips = kWidthNotSet; ///< 1440 an inch; 0 hides the column
     QString format;                      ///< look of a value: "##,##.00", "dd/mm/yyyy" or empty
     QString mask;                        ///< "99/99/9999" or empty
     CellList list;

@@ -34,8 +34,8 @@ public:
 
     // --- shape and current cell: failures are 381 (Row, Col, TopRow, cell addresses) and 380 (Rows, Cols)
 
-    /// Number of rows, the heading included; at least 1. Cells of rows that stay keep their text. Row is kept if
-    /// it still exists, else it becomes the last row (0 when only the heading is left).
+    /// Number of rows, the heading included; at least 1. Cells of rows that stay keep their text; an array behind the
+    /// grid is let go. Row is kept if it still exists, else it becomes the last row (0 when only the heading is left).
     [[nodiscard]] int rows() const;
     void setRows(int rows);
     [[nodiscard]] int cols() const;
@@ -87,14 +87,13 @@ public:
     /// Alignment of rows 1 and on; of the heading.
     void setColAlignment(int col, Qt::Alignment alignment);
     void setHeadingAlignment(int col, Qt::Alignment alignment);
-    /// In twips, 1440 an inch; 0 hides the column, -1 brings back the width of a column that was never set.
+    /// In twips, 1440 an inch; 0 hides the column. A tick column is never narrower than its heading and its box. -1:
+    /// as it comes, which for the last column is all the room that is left.
     void setColWidth(int col, int twips);
     [[nodiscard]] int colWidth(int col) const;
-    /// Room for the columns, in twips.
+    /// Width of the whole control, in twips.
     [[nodiscard]] int widthTwips() const;
     [[nodiscard]] const FlexColumn& column(int col) const;
-    /// The last column takes the room that is left ("as it comes").
-    void setLastColStretches(bool stretches);
 
     // --- editing
 
@@ -126,7 +125,7 @@ public:
     [[nodiscard]] int mouseCol() const { return m_mouseCol; }
 
 Q_SIGNALS:
-    /// Typing, a drop-down or a tick is about to begin. *cancel starts false; true keeps the cell as it is.
+    /// Typing or a drop-down is about to begin. *cancel starts false; true keeps the cell as it is. A tick raises none.
     void StartEdit(int row, int col, bool* cancel);
     /// A user's edit has ended with the cell written; also after a tick and when the focus is lost.
     void AfterEdit(int row, int col);
@@ -139,40 +138,50 @@ Q_SIGNALS:
     void KeyPress(int code);
     /// The current cell moved, by the user or by code.
     void RowColChange();
-    void gotFocus();
-    void lostFocus();
 
 protected:
+    // flexgridevents.cpp
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyboardSearch(const QString& search) override;
-    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // flexgrid.cpp
     void requireRow(int row) const;
     void requireCol(int col) const;
+    [[nodiscard]] QModelIndex indexOf(int row, int col) const;
+    void keepCursorInside();
     void placeCursor();
     void applyWidths();
-    void keepRowInside();
+    void applyWidth(int col);
+    [[nodiscard]] int widthPixels(int col) const;
+
+    // flexgridevents.cpp
+    void reportKey(const QKeyEvent& event);
+    [[nodiscard]] bool actsOnCell(QKeyEvent* event);
     [[nodiscard]] bool startsEdit(const QModelIndex& index);
-    bool toggleTick(const QModelIndex& index);
-    [[nodiscard]] bool isOnButton(const QModelIndex& index, const QPoint& position) const;
+    void pressCellButton(const QModelIndex& index);
+    void toggleTick(const QModelIndex& index);
+    [[nodiscard]] bool isOnButton(const QModelIndex& index, QPoint position) const;
+    [[nodiscard]] bool isOnTick(const QModelIndex& index, QPoint position) const;
 
     std::unique_ptr<FlexModel> m_model;
-    FlexDelegate* m_delegate = nullptr;
+    FlexDelegate* m_delegate;
+    QPersistentModelIndex m_pressed;
     int m_row = 1;
     int m_col = 0;
     int m_editMaxLength = 0;
     int m_mouseRow = -1;
     int m_mouseCol = -1;
+    bool m_pressedOnButton = false;
     bool m_editable = false;
     bool m_redraw = true;
     bool m_placingCursor = false;

@@ -26,6 +26,7 @@ Q_SIGNALS:
 
 private:
     QWidget* m_form;
+    const QEvent* m_seen = nullptr; ///< the key on its way; a cell editor may be handed it once more
 };
 
 } // namespace platform

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/window/flexdelegate.h"
+
+#include "platform/window/celleditors.h"
+#include "platform/window/flexgrid.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr int kButtonWidth = 18;
+constexpr int kRowTintPercent = 10;
+constexpr int kCursorWidth = 2;
+
+QColor mixed(const QColor& ground, const QColor& tint, int percent)
+{
+    const auto part = [percent](int from, int to) { return from + (to - from) * percent / 100; };
+    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()), part(ground.blue(), tint.blue())};
+}
+
+template <typename Use>
+void useEditor(QWidget* editor, Use&& use)
+{
+    if (auto* combo = qobject_cast<CellCombo*>(editor))
+        use(*combo);
+    else if (auto* line = qobject_cast<CellLine*>(editor))
+        use(*line);
+}
+
+} // namespace
+
+FlexDelegate::FlexDelegate(FlexGrid* grid)
+    : QStyledItemDelegate(grid)
+    , m_grid(grid)
+{
+}
+
+QRect FlexDelegate::tickRect(const QRect& cell) const
+{
+    const QStyle* style = m_grid->style();
+    const QSize size(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, m_grid),
+                     style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, m_grid));
+    return QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, cell);
+}
+
+QRect FlexDelegate::buttonRect(const QRect& cell)
+{
+    const int width = std::min(kButtonWidth, cell.width());
+    return {cell.right() - width + 1, cell.top(), width, cell.height()};
+}
+
+QWidget* FlexDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    const FlexColumn& column = m_grid->column(index.column());
+    const bool opensDropDown = std::exchange(m_opensDropDown, false);
+    QWidget* editor = nullptr;
+    if (column.list.isDropDown()) {
+        auto* combo = new CellCombo(column.list, m_grid->editMaxLength(), parent);
+        auto* self = const_cast<FlexDelegate*>(this); // the editor's events come back through signals of this
+        connect(combo, &CellCombo::picked, self, [self, combo] { self->endEdit(combo); });
+        if (opensDropDown)
+            QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
+        editor = combo;
+    } else {
+        auto* line = new CellLine(column.mask, m_grid->editMaxLength(), parent);
+        line->setAlignment(column.alignment);
+        editor = line;
+    }
+    editor->setAccessibleName(m_grid->heading(index.column()));
+    return editor;
+}
+
+void FlexDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    useEditor(editor, [&](auto& cell) { cell.setCellText(index.data(Qt::EditRole).toString()); });
+}
+
+void FlexDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    useEditor(editor, [&](auto& cell) {
+        if (const auto text = cell.cellText())
+            model->setData(index, *text, Qt::EditRole);
+    });
+    Q_EMIT written(index);
+}
+
+void FlexDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const
+{
+    QRect place = option.rect;
+    const CellList& list = m_grid->column(index.column()).list;
+    if (list.hasButton)
+        place.setRight(buttonRect(place).left() - 1);
+    if (list.isDropDown())
+        place.setWidth(std::max(place.width(), editor->minimumSizeHint().width()));
+    editor->setGeometry(place);
+}
+
+void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const bool isCursorRow = index.row() + 1 == m_grid->row();
+    const bool isCursor = isCursorRow && index.column() == m_grid->col();
+    cell.state.setFlag(QStyle::State_HasFocus, false);
+    cell.state.setFlag(QStyle::State_Selected, isCursorRow && !m_grid->isEditable());
+    cell.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
+    if (isCursorRow && m_grid->isEditable())
+        cell.backgroundBrush = mixed(cell.palette.base().color(), cell.palette.highlight().color(), kRowTintPercent);
+    m_grid->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, m_grid);
+
+    if (m_grid->column(index.column()).kind == CellKind::Boolean)
+        paintTick(painter, cell, index);
+    if (isCursor && m_grid->isEditable()) {
+        paintButton(painter, cell, index);
+        paintCursor(painter, cell);
+    }
+}
+
+bool FlexDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&)
+{
+    return false; // ticks are the grid's own business
+}
+
+bool FlexDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* line = qobject_cast<CellLine*>(watched);
+    if (line && event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {
+            endEdit(line);
+            QApplication::sendEvent(m_grid, key);
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+void FlexDelegate::endEdit(QWidget* editor)
+{
+    Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor);
+}
+
+void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyleOptionViewItem tick = option;
+    tick.rect = tickRect(option.rect);
+    const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    tick.state.setFlag(QStyle::State_On, isTicked);
+    tick.state.setFlag(QStyle::State_Off, !isTicked);
+    m_grid->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &tick, painter, m_grid);
+}
+
+void FlexDelegate::paintButton(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const CellList& list = m_grid->column(index.column()).list;
+    if (list.isPlain())
+        return;
+    QStyleOptionButton button;
+    button.QStyleOption::operator=(option);
+    button.rect = buttonRect(option.rect).adjusted(0, 1, -1, -1);
+    button.state = QStyle::State_Enabled | QStyle::State_Raised;
+    button.text = list.hasButton ? QStringLiteral("…") : QString();
+    m_grid->style()->drawControl(QStyle::CE_PushButton, &button, painter, m_grid);
+    if (!list.isDropDown())
+        return;
+    QStyleOption arrow = option;
+    arrow.rect = button.rect.adjusted(4, 4, -4, -4);
+    arrow.state = QStyle::State_Enabled;
+    m_grid->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, m_grid);
+}
+
+void FlexDelegate::paintCursor(QPainter* painter, const QStyleOptionViewItem& option) const
+{
+    const QPalette::ColorRole role = m_grid->hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    painter->save();
+    painter->setPen(QPen(option.palette.color(role), kCursorWidth));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter->restore();
+}
+
+} // namespace platform
