@@ -37,7 +37,7 @@ void setMousePointer(QWidget* form, int pointer)
 
 int mousePointer(const QWidget* form)
 {
-    return form->testAttribute(Qt::WA_SetCursor) ? kBusyPointer : kDefaultPointer;
+    return form->cursor().shape() == Qt::BusyCursor ? kBusyPointer : kDefaultPointer;
 }
 
 void sendTab(QWidget* form)
