@@ -44,12 +44,12 @@ namespace {
 /// Canonical as far as the path exists; what is missing is added as it stands.
 [[nodiscard]] QString canonicalName(const QString& path)
 {
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    if (!canonical.isEmpty())
-        return canonical;
-    const qsizetype cut = path.lastIndexOf(u'/');
-    const QString above = cut <= 0 ? QStringLiteral("/") : canonicalName(path.left(cut));
-    return (above.endsWith(u'/') ? above : above + u'/') + path.mid(cut + 1);
+    for (qsizetype cut = path.size(); cut > 0; cut = path.lastIndexOf(u'/', cut - 1)) {
+        const QString canonical = QFileInfo(path.left(cut)).canonicalFilePath();
+        if (!canonical.isEmpty())
+            return (canonical == u"/" ? QString() : canonical) + path.mid(cut);
+    }
+    return path;
 }
 
 } // namespace
