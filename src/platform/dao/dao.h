@@ -38,7 +38,8 @@ class Field
 {
 public:
     Field() = default;
-    explicit Field(std::shared_ptr<FieldState> state);
+    /// `table` is the definition that the column was taken from, kept as long as the handle.
+    explicit Field(std::shared_ptr<FieldState> state, std::shared_ptr<TableDefState> table = nullptr);
 
     [[nodiscard]] QString Name() const;
     /// Declared units for text, 8 for a number, 0 for a memo.
@@ -62,6 +63,7 @@ private:
     friend class Fields;
     friend class IndexFields;
     std::shared_ptr<FieldState> m_state;
+    std::shared_ptr<TableDefState> m_table;
 };
 
 /// Columns of a table definition or of a recordset, by position from 0 or by name without regard to case.

@@ -7,7 +7,8 @@
 namespace platform::dao {
 namespace {
 
-/// The field's object; 3420 when the recordset or the database that it belongs to is gone or closed.
+/// The field's object; 3420 when the recordset, table definition or database that it belongs to is gone or
+/// closed.
 FieldState& valid(const std::shared_ptr<FieldState>& state)
 {
     if (!state)
@@ -17,8 +18,10 @@ FieldState& valid(const std::shared_ptr<FieldState>& state)
         (field.recordset == nullptr || field.recordset->isClosed()))
         throw Failure(kObjectInvalid);
     if (field.owner == FieldState::Owner::Table) {
-        if (const std::shared_ptr<TableDefState> table = field.table.lock())
-            table->requireValid();
+        const std::shared_ptr<TableDefState> table = field.table.lock();
+        if (!table)
+            throw Failure(kObjectInvalid);
+        table->requireValid();
     }
     probeCall(field.column.name);
     return field;
@@ -41,8 +44,9 @@ std::shared_ptr<TableDefState> storedOwner(const FieldState& field)
 
 } // namespace
 
-Field::Field(std::shared_ptr<FieldState> state)
+Field::Field(std::shared_ptr<FieldState> state, std::shared_ptr<TableDefState> table)
     : m_state(std::move(state))
+    , m_table(std::move(table))
 {}
 
 QString Field::Name() const
@@ -124,7 +128,7 @@ Field Fields::Item(int index) const
     if (m_recordset)
         return Field(open(m_recordset).field(index));
     bound(m_table).requireValid();
-    return Field(member(m_table->fields, index));
+    return Field(member(m_table->fields, index), m_table);
 }
 
 Field Fields::Item(const QString& name) const
@@ -132,7 +136,7 @@ Field Fields::Item(const QString& name) const
     if (m_recordset)
         return Field(open(m_recordset).field(name));
     bound(m_table).requireValid();
-    return Field(member(m_table->fields, m_table->fieldPosition(name)));
+    return Field(member(m_table->fields, m_table->fieldPosition(name)), m_table);
 }
 
 void Fields::Append(const Field& field)
