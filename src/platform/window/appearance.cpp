@@ -5,6 +5,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTranslator>
 
@@ -13,6 +14,27 @@ namespace platform {
 namespace {
 
 constexpr int kMiddleLightness = 128;
+constexpr float kDisabledInk = 0.65F;
+
+/// The folders of packaged icon themes, where the window system doesn't name them by itself.
+void addIconFolders()
+{
+    QStringList folders = QIcon::themeSearchPaths();
+    folders += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                         QStandardPaths::LocateDirectory);
+    folders.removeDuplicates();
+    QIcon::setThemeSearchPaths(folders);
+}
+
+/// A disabled field is still there to be read.
+void makeDisabledTextReadable()
+{
+    QPalette palette = QApplication::palette();
+    QColor ink = palette.color(QPalette::Active, QPalette::Text);
+    ink.setAlphaF(kDisabledInk);
+    palette.setColor(QPalette::Disabled, QPalette::Text, ink);
+    QApplication::setPalette(palette);
+}
 
 bool isDark(const QPalette& palette)
 {
@@ -24,6 +46,8 @@ bool isDark(const QPalette& palette)
 void installAppearance()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    makeDisabledTextReadable();
+    addIconFolders();
     QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
     QIcon::setFallbackThemeName(QStringLiteral("breeze"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));

@@ -19,6 +19,8 @@ enum class CellKind {
 /// Width of a column whose width was never set; the last one of them takes the room that is left.
 inline constexpr int kDefaultWidthTwips = 960;
 inline constexpr int kWidthNotSet = -1;
+/// A column narrower than this is there to carry its value unseen: scraps of text would only disturb.
+inline constexpr int kLeastReadableTwips = 150;
 
 struct FlexColumn
 {
@@ -29,6 +31,11 @@ struct FlexColumn
     QString format;                      ///< look of a value: "##,##.00", "dd/mm/yyyy" or empty
     QString mask;                        ///< "99/99/9999" or empty
     CellList list;
+
+    [[nodiscard]] bool isReadable() const
+    {
+        return kind == CellKind::Boolean || widthTwips == kWidthNotSet || widthTwips >= kLeastReadableTwips;
+    }
 };
 
 /// The look of a value under a column's format. Never changes the value; a text that doesn't fit the format

@@ -16,9 +16,10 @@ namespace platform {
 
 namespace {
 
-constexpr int kButtonWidth = 18;
+constexpr int kButtonWidth = 16;
 constexpr int kRowTintPercent = 10;
 constexpr int kCursorWidth = 2;
+constexpr int kQuietPercent = 35;
 
 QColor mixed(const QColor& ground, const QColor& tint, int percent)
 {
@@ -53,7 +54,7 @@ QRect FlexDelegate::tickRect(const QRect& cell) const
 
 QRect FlexDelegate::buttonRect(const QRect& cell)
 {
-    const int width = std::min(kButtonWidth, cell.width());
+    const int width = std::min(kButtonWidth, cell.width() / 3);
     return {cell.right() - width + 1, cell.top(), width, cell.height()};
 }
 
@@ -115,14 +116,25 @@ void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     cell.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
     if (isCursorRow && m_grid->isEditable())
         cell.backgroundBrush = mixed(cell.palette.base().color(), cell.palette.highlight().color(), kRowTintPercent);
+    const QRect whole = cell.rect;
+    if (isCursor && showsButton(index)) {
+        painter->fillRect(whole, cell.backgroundBrush);
+        cell.rect.setRight(buttonRect(whole).left() - 1);
+    }
     m_grid->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, m_grid);
+    cell.rect = whole;
 
     if (m_grid->column(index.column()).kind == CellKind::Boolean)
         paintTick(painter, cell, index);
-    if (isCursor && m_grid->isEditable()) {
+    if (isCursor && showsButton(index))
         paintButton(painter, cell, index);
+    if (isCursor && m_grid->isEditable())
         paintCursor(painter, cell);
-    }
+}
+
+bool FlexDelegate::showsButton(const QModelIndex& index) const
+{
+    return m_grid->isEditable() && !m_grid->column(index.column()).list.isPlain();
 }
 
 bool FlexDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&)
@@ -158,32 +170,33 @@ void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& opti
     tick.state.setFlag(QStyle::State_On, isTicked);
     tick.state.setFlag(QStyle::State_Off, !isTicked);
     m_grid->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &tick, painter, m_grid);
+    // The style's own outline hardly shows on a dark ground.
+    painter->save();
+    painter->setPen(mixed(option.palette.base().color(), option.palette.text().color(), kQuietPercent));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(tick.rect.adjusted(0, 0, -1, -1));
+    painter->restore();
 }
 
 void FlexDelegate::paintButton(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const CellList& list = m_grid->column(index.column()).list;
-    if (list.isPlain())
-        return;
     QStyleOptionButton button;
     button.QStyleOption::operator=(option);
-    button.rect = buttonRect(option.rect).adjusted(0, 1, -1, -1);
+    button.rect = buttonRect(option.rect).adjusted(0, 2, -2, -2);
     button.state = QStyle::State_Enabled | QStyle::State_Raised;
-    button.text = list.hasButton ? QStringLiteral("…") : QString();
-    m_grid->style()->drawControl(QStyle::CE_PushButton, &button, painter, m_grid);
-    if (!list.isDropDown())
-        return;
-    QStyleOption arrow = option;
-    arrow.rect = button.rect.adjusted(4, 4, -4, -4);
-    arrow.state = QStyle::State_Enabled;
-    m_grid->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, m_grid);
+    if (m_grid->column(index.column()).list.hasButton) {
+        button.text = QStringLiteral("…");
+        m_grid->style()->drawControl(QStyle::CE_PushButton, &button, painter, m_grid);
+    } else {
+        m_grid->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &button, painter, m_grid);
+    }
 }
 
 void FlexDelegate::paintCursor(QPainter* painter, const QStyleOptionViewItem& option) const
 {
-    const QPalette::ColorRole role = m_grid->hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    const QColor quiet = mixed(option.palette.base().color(), option.palette.text().color(), kQuietPercent);
     painter->save();
-    painter->setPen(QPen(option.palette.color(role), kCursorWidth));
+    painter->setPen(QPen(m_grid->hasFocus() ? option.palette.highlight().color() : quiet, kCursorWidth));
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
     painter->restore();

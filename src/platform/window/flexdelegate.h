@@ -38,6 +38,7 @@ Q_SIGNALS:
 
 private:
     void endEdit(QWidget* editor);
+    [[nodiscard]] bool showsButton(const QModelIndex& index) const;
     void paintTick(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintButton(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintCursor(QPainter* painter, const QStyleOptionViewItem& option) const;

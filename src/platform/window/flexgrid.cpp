@@ -9,17 +9,8 @@
 #include <QHeaderView>
 
 #include <algorithm>
-#include <cmath>
 
 namespace platform {
-
-namespace {
-
-constexpr double kTwipsPerInch = 1440.0;
-constexpr int kRowPadding = 8;
-constexpr int kHeadingPadding = 14;
-
-} // namespace
 
 FlexGrid::FlexGrid(QWidget* parent)
     : QTableView(parent)
@@ -32,21 +23,9 @@ FlexGrid::FlexGrid(QWidget* parent)
     setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed
                     | QAbstractItemView::DoubleClicked);
     setTabKeyNavigation(false);
-    setAlternatingRowColors(true);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
-    verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(1);
-    horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + 2);
-    horizontalHeader()->viewport()->setMouseTracking(true);
+    setUpLook();
     horizontalHeader()->viewport()->installEventFilter(this);
     connect(m_delegate, &FlexDelegate::written, this,
             [this](const QModelIndex& index) { Q_EMIT AfterEdit(index.row() + 1, index.column()); });
@@ -71,6 +50,7 @@ void FlexGrid::setRows(int rows)
     m_model->setRows(rows);
     applyWidths();
     keepCursorInside();
+    updateGeometry();
 }
 
 int FlexGrid::cols() const
@@ -223,11 +203,6 @@ int FlexGrid::colWidth(int col) const
     return twips == kWidthNotSet ? kDefaultWidthTwips : twips;
 }
 
-int FlexGrid::widthTwips() const
-{
-    return static_cast<int>(std::lround(width() * kTwipsPerInch / logicalDpiX()));
-}
-
 const FlexColumn& FlexGrid::column(int col) const
 {
     requireCol(col);
@@ -278,17 +253,6 @@ bool FlexGrid::isBound() const
     return m_model->isBound();
 }
 
-void FlexGrid::setRedraw(bool redraw)
-{
-    m_redraw = redraw;
-    setUpdatesEnabled(redraw);
-}
-
-void FlexGrid::refresh()
-{
-    viewport()->update();
-}
-
 void FlexGrid::requireRow(int row) const
 {
     if (row < 0 || row >= rows())
@@ -323,32 +287,6 @@ void FlexGrid::placeCursor()
     m_placingCursor = false;
     viewport()->update();
     Q_EMIT RowColChange();
-}
-
-void FlexGrid::applyWidths()
-{
-    for (int col = 0; col < cols(); ++col)
-        applyWidth(col);
-}
-
-void FlexGrid::applyWidth(int col)
-{
-    const FlexColumn& column = m_model->column(col);
-    setColumnHidden(col, column.widthTwips == 0);
-    if (column.widthTwips != 0)
-        setColumnWidth(col, widthPixels(col));
-    if (col == cols() - 1)
-        horizontalHeader()->setStretchLastSection(column.widthTwips == kWidthNotSet);
-}
-
-int FlexGrid::widthPixels(int col) const
-{
-    const int pixels = static_cast<int>(std::lround(colWidth(col) * logicalDpiX() / kTwipsPerInch));
-    const FlexColumn& column = m_model->column(col);
-    const bool followsHeading = column.kind == CellKind::Boolean || column.widthTwips == kWidthNotSet;
-    if (!followsHeading)
-        return std::max(pixels, 1);
-    return std::max(pixels, horizontalHeader()->fontMetrics().horizontalAdvance(m_model->text(0, col)) + kHeadingPadding);
 }
 
 } // namespace platform

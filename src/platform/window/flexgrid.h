@@ -26,6 +26,7 @@ class FlexGrid : public QTableView
     Q_PROPERTY(int rows READ rows WRITE setRows)
     Q_PROPERTY(int cols READ cols WRITE setCols)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
+    Q_PROPERTY(bool fillsWidth READ fillsWidth WRITE setFillsWidth)
 
 public:
     /// Two rows, two columns, current cell 1,0, not editable.
@@ -94,6 +95,10 @@ public:
     /// Width of the whole control, in twips.
     [[nodiscard]] int widthTwips() const;
     [[nodiscard]] const FlexColumn& column(int col) const;
+    /// On: the widths are shares of the grid's own width, and the columns fill it. Off, as at the start: the widths
+    /// grow with the font only, and the grid scrolls.
+    [[nodiscard]] bool fillsWidth() const { return m_fillsWidth; }
+    void setFillsWidth(bool fills);
 
     // --- editing
 
@@ -124,6 +129,10 @@ public:
     [[nodiscard]] int mouseRow() const { return m_mouseRow; }
     [[nodiscard]] int mouseCol() const { return m_mouseCol; }
 
+    /// With a fixed vertical size policy the grid is as high as its rows.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// Typing or a drop-down is about to begin. *cancel starts false; true keeps the cell as it is. A tick raises none.
     void StartEdit(int row, int col, bool* cancel);
@@ -151,6 +160,7 @@ protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyboardSearch(const QString& search) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -160,9 +170,15 @@ private:
     [[nodiscard]] QModelIndex indexOf(int row, int col) const;
     void keepCursorInside();
     void placeCursor();
+
+    // flexgridlook.cpp
+    void setUpLook();
     void applyWidths();
     void applyWidth(int col);
     [[nodiscard]] int widthPixels(int col) const;
+    [[nodiscard]] double widthScale() const;
+    [[nodiscard]] double basePixels(int col) const;
+    [[nodiscard]] int heightOfRows() const;
 
     // flexgridevents.cpp
     void reportKey(const QKeyEvent& event);
@@ -183,6 +199,7 @@ private:
     int m_mouseCol = -1;
     bool m_pressedOnButton = false;
     bool m_editable = false;
+    bool m_fillsWidth = false;
     bool m_redraw = true;
     bool m_placingCursor = false;
 };

@@ -127,7 +127,7 @@ QVariant FlexModel::data(const QModelIndex& index, int role) const
     const bool isTick = column(col).kind == CellKind::Boolean;
     switch (role) {
     case Qt::DisplayRole:
-        return isTick ? QVariant() : QVariant(look(row, col));
+        return isTick || !column(col).isReadable() ? QVariant() : QVariant(look(row, col));
     case Qt::EditRole:
         return text(row, col);
     case Qt::TextAlignmentRole:
@@ -154,6 +154,8 @@ QVariant FlexModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation == Qt::Vertical)
         return {};
     if (role == Qt::DisplayRole)
+        return column(section).isReadable() ? text(0, section) : QString();
+    if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
         return text(0, section);
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(column(section).headingAlignment);

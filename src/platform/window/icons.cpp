@@ -12,6 +12,10 @@ namespace platform {
 
 namespace {
 
+constexpr std::array kSizes{16, 22, 32, 48};
+/// Laid over a picture to light it up.
+constexpr QColor kLight(255, 255, 255, 90);
+
 /// Name in the icon theme, and the letter of the drawn picture that stands in where the theme has none.
 struct IconSource
 {
@@ -39,6 +43,7 @@ constexpr std::array kSources{
     IconSource{Icon::Printer, "printer", 'P'},
     IconSource{Icon::Network, "network-server", 'R'},
     IconSource{Icon::Application, "preferences-system", 'O'},
+    IconSource{Icon::ApplicationLit, "preferences-system", 'O'},
 };
 
 const IconSource& sourceOf(Icon name)
@@ -69,8 +74,28 @@ QPixmap drawnPicture(char letter, int size)
 QIcon drawnIcon(char letter)
 {
     QIcon result;
-    for (const int size : {16, 22, 32, 48})
+    for (const int size : kSizes)
         result.addPixmap(drawnPicture(letter, size));
+    return result;
+}
+
+QIcon themedIcon(const IconSource& source)
+{
+    const QIcon themed = QIcon::fromTheme(QString::fromLatin1(source.themeName));
+    return themed.isNull() ? drawnIcon(source.letter) : themed;
+}
+
+QIcon lighter(const QIcon& icon)
+{
+    QIcon result;
+    for (const int size : kSizes) {
+        QPixmap picture = icon.pixmap(QSize(size, size), qApp->devicePixelRatio());
+        QPainter painter(&picture);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+        painter.fillRect(QRect(0, 0, size, size), kLight);
+        painter.end();
+        result.addPixmap(picture);
+    }
     return result;
 }
 
@@ -78,9 +103,23 @@ QIcon drawnIcon(char letter)
 
 QIcon icon(Icon name)
 {
-    const IconSource& source = sourceOf(name);
-    const QIcon themed = QIcon::fromTheme(QString::fromLatin1(source.themeName));
-    return themed.isNull() ? drawnIcon(source.letter) : themed;
+    const QIcon ofProgram = QGuiApplication::windowIcon();
+    if (name == Icon::ApplicationLit)
+        return lighter(icon(Icon::Application));
+    if (name == Icon::Application && !ofProgram.isNull())
+        return ofProgram;
+    return themedIcon(sourceOf(name));
+}
+
+QIcon untinted(const QIcon& icon)
+{
+    QIcon result;
+    for (const int size : kSizes) {
+        const QPixmap picture = icon.pixmap(QSize(size, size), qApp->devicePixelRatio());
+        result.addPixmap(picture, QIcon::Normal);
+        result.addPixmap(picture, QIcon::Selected);
+    }
+    return result;
 }
 
 } // namespace platform

@@ -25,9 +25,13 @@ enum class Icon {
     Note,
     Printer,
     Network,
-    Application,
+    Application,    ///< the window icon, when the program has set one
+    ApplicationLit, ///< the same, lighter, for when the pointer is over it
 };
 
 [[nodiscard]] QIcon icon(Icon name);
+
+/// The icon with one look for all states: a selected row doesn't tint it.
+[[nodiscard]] QIcon untinted(const QIcon& icon);
 
 } // namespace platform

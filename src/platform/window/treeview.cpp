@@ -3,7 +3,7 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
-#include "platform/window/focusrules.h"
+#include "platform/window/icons.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
 constexpr int kImageRole = Qt::UserRole + 1;
+constexpr int kIndentation = 14;
 
 bool isAllDigits(const QString& key)
 {
@@ -45,15 +46,17 @@ TreeView::TreeView(QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformRowHeights(true);
+    setIndentation(kIndentation);
     connect(this, &QTreeWidget::itemClicked, this, &TreeView::reportClick);
 }
 
 void TreeView::setImage(int index, const QIcon& icon)
 {
-    m_images.insert(index, icon);
+    const QIcon steady = untinted(icon);
+    m_images.insert(index, steady);
     for (QTreeWidgetItem* node : std::as_const(m_nodes)) {
         if (imageOf(node) == index)
-            node->setIcon(0, icon);
+            node->setIcon(0, steady);
     }
 }
 
