@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 using platform::attempt;
 using platform::FlexGrid;
 using platform::handle;
-using platform::PictureBox;
 using platform::TextBox;
 
 namespace {
@@ -131,18 +130,18 @@ void climant::connectFields()
     handle(ui->Text49, &TextBox::gotFocus, this, [this] { Text49_GotFocus(); });
     handle(ui->Text49, &TextBox::lostFocus, this, [this] { Text49_LostFocus(); });
     handle(ui->Text49, &TextBox::keyPressed, this, [this](int key) { Text49_KeyPress(key); });
-    handle(ui->Picture3, &PictureBox::click, this, [this] { Picture3_Click(); });
+    handle(ui->Picture3, &QAbstractButton::clicked, this, [this] { Picture3_Click(); });
     handle(ui->Text51, &TextBox::gotFocus, this, [this] { Text51_GotFocus(); });
     handle(ui->Text14, &TextBox::keyPressed, this, [this](int key) { Text14_KeyPress(key); });
     handle(ui->Text9, &TextBox::gotFocus, this, [this] { Text9_GotFocus(); });
-    handle(ui->Picture1, &PictureBox::click, this, [this] { Picture1_Click(); });
+    handle(ui->Picture1, &QAbstractButton::clicked, this, [this] { Picture1_Click(); });
     handle(ui->Text6, &TextBox::gotFocus, this, [this] { Text6_GotFocus(); });
     handle(ui->Text20, &TextBox::lostFocus, this, [this] { Text20_LostFocus(); });
-    handle(ui->Picture2, &PictureBox::click, this, [this] { Picture2_Click(); });
+    handle(ui->Picture2, &QAbstractButton::clicked, this, [this] { Picture2_Click(); });
     handle(ui->Text21, &TextBox::lostFocus, this, [this] { Text21_LostFocus(); });
-    handle(ui->Picture4, &PictureBox::click, this, [this] { Picture4_Click(); });
+    handle(ui->Picture4, &QAbstractButton::clicked, this, [this] { Picture4_Click(); });
     handle(ui->Text27, &TextBox::lostFocus, this, [this] { Text27_LostFocus(); });
-    handle(ui->Picture5, &PictureBox::click, this, [this] { Picture5_Click(); });
+    handle(ui->Picture5, &QAbstractButton::clicked, this, [this] { Picture5_Click(); });
 }
 
 void climant::connectGrids()
