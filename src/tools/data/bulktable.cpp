@@ -17,8 +17,7 @@ constexpr std::size_t kRowsPerBlock = 20000;
 
 BulkTable::BulkTable(platform::storage::Connection& connection, QStringView table)
     : m_table(connection.openTable(table.toString()))
-{
-}
+{}
 
 void BulkTable::add(std::initializer_list<Cell> cells)
 {

@@ -25,8 +25,8 @@ public:
     /// `connection` must outlive the object. 3078 when there is no such table.
     BulkTable(platform::storage::Connection& connection, QStringView table);
 
-    /// Adds a row; columns that aren't named are Null. A text longer than its column is cut. 3265 for a column that
-    /// the table hasn't.
+    /// Adds a row; columns that aren't named are Null. A text longer than its column is cut. 3265 for a
+    /// column that the table hasn't.
     void add(std::initializer_list<Cell> cells);
     /// The same, with more columns from a list that is built at run time.
     void add(const std::vector<Cell>& cells);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The fixed lists of the demo: companies, zones, client types, article families, articles, and the questions that
-// clients ask about them.
+// The fixed lists of the demo: companies, zones, client types, article families, articles, and the questions
+// that clients ask about them.
 
 #include <QStringView>
 
@@ -32,7 +32,13 @@ struct ClientType
 };
 
 /// `u"C"` climate, `u"A"` lifts, `u"S"` alarms and fire, `u"I"` computers, `u"G"` general work.
-enum class Trade : char16_t { Climate = u'C', Lifts = u'A', Security = u'S', Computers = u'I', General = u'G' };
+enum class Trade : char16_t {
+    Climate = u'C',
+    Lifts = u'A',
+    Security = u'S',
+    Computers = u'I',
+    General = u'G'
+};
 
 struct Family
 {
@@ -47,8 +53,8 @@ struct Article
     QStringView alternative; ///< empty: Null
     QStringView description;
     QStringView family;
-    double price;       ///< euros
-    bool service;       ///< work or a maintenance contract, no goods
+    double price; ///< euros
+    bool service; ///< work or a maintenance contract, no goods
     bool obsolete;
 };
 

@@ -46,13 +46,13 @@ bool hasNull(std::span<const Value> key)
 class IndexWalk
 {
 public:
-    IndexWalk(platform::storage::Table& table, const IndexDefinition& index, const QString& file, Findings& findings)
+    IndexWalk(platform::storage::Table& table, const IndexDefinition& index, const QString& file,
+              Findings& findings)
         : m_table(table)
         , m_index(index)
         , m_file(file)
         , m_findings(findings)
-    {
-    }
+    {}
 
     void visit(RowId id, std::span<const Value> key)
     {
@@ -101,14 +101,17 @@ void checkIndexOf(platform::storage::Table& table, const IndexDefinition& index,
     if (static_cast<qint64>(ids.size()) != table.count())
         findings.fault({file, table.definition().name, {}},
                        QStringLiteral("el índice %1 tiene %2 filas y la tabla %3")
-                           .arg(index.name).arg(ids.size()).arg(table.count()));
+                           .arg(index.name)
+                           .arg(ids.size())
+                           .arg(table.count()));
     IndexWalk walk(table, index, file, findings);
     for (std::size_t first = 0; first < ids.size(); first += kRowsPerBlock) {
         const std::size_t count = std::min(kRowsPerBlock, ids.size() - first);
         platform::storage::RowBlock block;
         table.readMany(std::span(ids).subspan(first, count), columns, block);
         for (std::size_t row = 0; row < block.rowIds.size(); ++row)
-            walk.visit(block.rowIds[row], std::span(block.cells).subspan(row * columns.size(), columns.size()));
+            walk.visit(block.rowIds[row],
+                       std::span(block.cells).subspan(row * columns.size(), columns.size()));
     }
 }
 

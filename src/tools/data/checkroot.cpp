@@ -56,7 +56,8 @@ constexpr std::array kLinks{
     Link{u"CONS", u"CLICONSULTA", false},
 };
 
-/// Client codes of each company, by the sort key of its number. A company whose clients can't be read has none.
+/// Client codes of each company, by the sort key of its number. A company whose clients can't be read has
+/// none.
 using ClientsByCompany = QMap<QByteArray, std::optional<KeySet>>;
 
 class RootCheck
@@ -66,8 +67,7 @@ public:
         : m_root(QDir(folder).absolutePath())
         , m_findings(out)
         , m_out(out)
-    {
-    }
+    {}
 
     bool run()
     {
@@ -76,7 +76,9 @@ public:
             checkCompany(number);
         checkFile(stores::kTelefonosStore, m_root, [this](Connection& store) { checkTelephones(store); });
         m_out << QStringLiteral("%1 fallos, %2 avisos, %3 ficheros revisados.\n")
-                     .arg(m_findings.faults()).arg(m_findings.notices()).arg(m_files);
+                     .arg(m_findings.faults())
+                     .arg(m_findings.notices())
+                     .arg(m_files);
         return m_findings.faults() == 0;
     }
 
@@ -101,7 +103,8 @@ private:
             checkContents(*store, schema, file);
             more(*store);
         } catch (const platform::Failure& failure) {
-            m_findings.fault({file, {}, {}}, QStringLiteral("no se puede leer (fallo %1)").arg(failure.number()));
+            m_findings.fault({file, {}, {}},
+                             QStringLiteral("no se puede leer (fallo %1)").arg(failure.number()));
         }
     }
 
@@ -142,8 +145,8 @@ private:
                     numbers.append(platform::asText(cells[0]).trimmed());
             });
         });
-        const QStringList folders =
-            QDir(m_root).entryList({QStringLiteral("Empresa?????")}, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+        const QStringList folders = QDir(m_root).entryList({QStringLiteral("Empresa?????")},
+                                                           QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
         for (const QString& folder : folders) {
             if (numbers.contains(folder.mid(7)))
                 continue;
@@ -236,7 +239,8 @@ bool checkRoot(const QString& folder, QTextStream& out)
 {
     if (!QFileInfo(folder).isDir())
         throw ToolError(QStringLiteral("no existe la carpeta «%1»").arg(folder));
-    const QString catalogue = platform::nativePath(QDir(folder).absolutePath() + kCompaniesStore.file.toString());
+    const QString catalogue =
+        platform::nativePath(QDir(folder).absolutePath() + kCompaniesStore.file.toString());
     if (!QFileInfo(catalogue).isFile())
         throw ToolError(
             QStringLiteral("«%1» no es una raíz de datos: falta «Empresas de Quenda.mdb»").arg(folder));

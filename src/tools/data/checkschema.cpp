@@ -14,8 +14,8 @@ using platform::storage::Column;
 using platform::storage::IndexDefinition;
 using platform::storage::TableDefinition;
 
-/// How many columns at the end of a table came with upgrades. An older file may lack them, and holds them in any
-/// order.
+/// How many columns at the end of a table came with upgrades. An older file may lack them, and holds them in
+/// any order.
 struct UpgradedEnd
 {
     QStringView table;
@@ -38,8 +38,9 @@ bool sameName(QStringView left, QStringView right)
 
 int fixedColumns(const TableDefinition& expected)
 {
-    const auto end = std::find_if(kUpgradedEnds.begin(), kUpgradedEnds.end(),
-                                  [&](const UpgradedEnd& entry) { return sameName(entry.table, expected.name); });
+    const auto end = std::find_if(kUpgradedEnds.begin(), kUpgradedEnds.end(), [&](const UpgradedEnd& entry) {
+        return sameName(entry.table, expected.name);
+    });
     return static_cast<int>(expected.columns.size()) - (end == kUpgradedEnds.end() ? 0 : end->columns);
 }
 
@@ -75,22 +76,26 @@ void checkColumn(const Column& expected, const Column& found, const Spot& spot, 
     }
 }
 
-void checkColumns(const TableDefinition& expected, const TableDefinition& found, const Spot& spot, Findings& findings)
+void checkColumns(const TableDefinition& expected, const TableDefinition& found, const Spot& spot,
+                  Findings& findings)
 {
     const int fixed = fixedColumns(expected);
     for (int i = 0; i < expected.columns.size(); ++i) {
         const Column& column = expected.columns[i];
         const int position = found.columnIndex(column.name);
         if (position < 0 && i >= fixed)
-            findings.notice(spot, QStringLiteral("forma antigua: falta la columna %1, que se añade al arrancar")
-                                      .arg(column.name));
+            findings.notice(spot,
+                            QStringLiteral("forma antigua: falta la columna %1, que se añade al arrancar")
+                                .arg(column.name));
         else if (position < 0)
             findings.fault(spot, QStringLiteral("falta la columna %1").arg(column.name));
         else
             checkColumn(column, found.columns[position], spot, findings);
         if (position >= 0 && i < fixed && position != i)
             findings.fault(spot, QStringLiteral("la columna %1 está en el lugar %2 y debe estar en el %3")
-                                     .arg(column.name).arg(position + 1).arg(i + 1));
+                                     .arg(column.name)
+                                     .arg(position + 1)
+                                     .arg(i + 1));
     }
     for (const Column& column : found.columns) {
         if (expected.columnIndex(column.name) < 0)
@@ -105,14 +110,16 @@ bool sameColumns(const QStringList& left, const QStringList& right)
 }
 
 /// The concepts' index from before lines had numbers: right for a table that has no such column yet.
-bool isOldConceptsIndex(const IndexDefinition& expected, const IndexDefinition& found, const TableDefinition& table)
+bool isOldConceptsIndex(const IndexDefinition& expected, const IndexDefinition& found,
+                        const TableDefinition& table)
 {
     const QStringView line = stores::kClientescyctablaColumns.back().name;
-    return sameName(table.name, stores::kClientescyctabla.name) && table.columnIndex(line) < 0
-           && sameColumns(expected.columns.mid(0, expected.columns.size() - 1), found.columns);
+    return sameName(table.name, stores::kClientescyctabla.name) && table.columnIndex(line) < 0 &&
+           sameColumns(expected.columns.mid(0, expected.columns.size() - 1), found.columns);
 }
 
-void checkIndex(const IndexDefinition& expected, const TableDefinition& table, const Spot& spot, Findings& findings)
+void checkIndex(const IndexDefinition& expected, const TableDefinition& table, const Spot& spot,
+                Findings& findings)
 {
     const IndexDefinition* found = table.index(expected.name);
     if (found == nullptr) {
@@ -121,15 +128,18 @@ void checkIndex(const IndexDefinition& expected, const TableDefinition& table, c
     }
     if (!sameColumns(expected.columns, found->columns)) {
         if (isOldConceptsIndex(expected, *found, table))
-            findings.notice(spot, QStringLiteral("forma antigua: el índice %1 se rehace al arrancar").arg(expected.name));
+            findings.notice(
+                spot, QStringLiteral("forma antigua: el índice %1 se rehace al arrancar").arg(expected.name));
         else
-            findings.fault(spot, QStringLiteral("el índice %1 es de %2 y debe ser de %3")
-                                     .arg(expected.name, found->columns.join(u'+'), expected.columns.join(u'+')));
+            findings.fault(spot,
+                           QStringLiteral("el índice %1 es de %2 y debe ser de %3")
+                               .arg(expected.name, found->columns.join(u'+'), expected.columns.join(u'+')));
     }
     if (found->primary != expected.primary || found->unique != expected.unique)
-        findings.fault(spot, QStringLiteral("el índice %1 no es %2 como debe").arg(
-            expected.name, expected.primary ? QStringLiteral("primario")
-                                            : expected.unique ? QStringLiteral("único") : QStringLiteral("repetible")));
+        findings.fault(spot, QStringLiteral("el índice %1 no es %2 como debe")
+                                 .arg(expected.name, expected.primary  ? QStringLiteral("primario")
+                                                     : expected.unique ? QStringLiteral("único")
+                                                                       : QStringLiteral("repetible")));
 }
 
 /// The table of prices comes with the first start that opens the store.
@@ -139,8 +149,9 @@ void checkPrices(const QList<TableDefinition>& found, const stores::StoreSchema&
     if (schema.file != stores::kClientesStore.file)
         return;
     const TableDefinition expected = stores::tableDefinition(stores::kTarifasCliente);
-    const auto prices = std::find_if(found.begin(), found.end(),
-                                     [&](const TableDefinition& table) { return sameName(table.name, expected.name); });
+    const auto prices = std::find_if(found.begin(), found.end(), [&](const TableDefinition& table) {
+        return sameName(table.name, expected.name);
+    });
     const Spot spot{file, expected.name, {}};
     if (prices == found.end()) {
         findings.notice(spot, QStringLiteral("forma antigua: la tabla se crea al arrancar"));

@@ -15,8 +15,8 @@
 
 namespace tools {
 
-/// The tables are there and have the columns and indexes of the schema. Shapes that a start brings up to date are
-/// notices.
+/// The tables are there and have the columns and indexes of the schema. Shapes that a start brings up to date
+/// are notices.
 void checkSchema(platform::storage::Connection& store, const stores::StoreSchema& schema, const QString& file,
                  Findings& findings);
 
@@ -32,12 +32,13 @@ using KeySet = QSet<QByteArray>;
 /// Keys of one text column.
 [[nodiscard]] KeySet keysOf(platform::storage::Table& table, const QString& column);
 
-/// Rows whose `column` holds a key that isn't in `known` are told to `onOrphan` with the row's name and its value.
+/// Rows whose `column` holds a key that isn't in `known` are told to `onOrphan` with the row's name and its
+/// value.
 void findOrphans(platform::storage::Table& table, const QString& column, const KeySet& known,
                  const std::function<void(const QString& row, const QString& value)>& onOrphan);
 
-/// Calls `visit` with every row of the table, in blocks, in the order of the primary index. Only the columns asked
-/// for are read; all of them when `columns` is empty.
+/// Calls `visit` with every row of the table, in blocks, in the order of the primary index. Only the columns
+/// asked for are read; all of them when `columns` is empty.
 void forEachRow(platform::storage::Table& table, const std::vector<int>& columns,
                 const std::function<void(platform::storage::RowId, std::span<const platform::Value>)>& visit);
 

@@ -26,8 +26,8 @@ bool isBlank(const QString& text)
 /// "dd/mm/yyyy"; also "01/01/100", which stands for no date, and the empty mask.
 bool isDate(const QString& text)
 {
-    return isBlank(text) || text.trimmed() == u"/  /" || text == u"01/01/100"
-           || QDate::fromString(text, QStringLiteral("dd/MM/yyyy")).isValid();
+    return isBlank(text) || text.trimmed() == u"/  /" || text == u"01/01/100" ||
+           QDate::fromString(text, QStringLiteral("dd/MM/yyyy")).isValid();
 }
 
 bool isTime(const QString& text)
@@ -69,7 +69,8 @@ constexpr std::array kOddColumns{
     OddColumn{u"FEFINAL", isDate, u"la fecha %1 no se entiende: «%2»"},
     OddColumn{u"HOINICIO", isTime, u"la hora %1 no se entiende: «%2»"},
     OddColumn{u"HOFINAL", isTime, u"la hora %1 no se entiende: «%2»"},
-    OddColumn{u"ESTADO", isState, u"el estado «%2» no es abierto ni cerrado: la consulta no sale en el árbol"},
+    OddColumn{u"ESTADO", isState,
+              u"el estado «%2» no es abierto ni cerrado: la consulta no sale en el árbol"},
     OddColumn{u"clientescycPE", isMonths, u"%1 no es un mes de 01 a 12: «%2»"},
     OddColumn{u"clientescycEM", isMonths, u"%1 no es un mes de 01 a 12: «%2»"},
     OddColumn{u"clientescycT", isConceptLetter, u"%1 no es F, R, V ni T: «%2»"},
@@ -100,7 +101,9 @@ public:
             return QStringLiteral("%1 debe ser un texto: %2").arg(m_column.name).arg(std::get<double>(value));
         if (text != nullptr && m_column.type == ColumnType::Text && text->size() > m_column.size)
             return QStringLiteral("%1 tiene %2 caracteres y caben %3")
-                .arg(m_column.name).arg(text->size()).arg(m_column.size);
+                .arg(m_column.name)
+                .arg(text->size())
+                .arg(m_column.size);
         return {};
     }
 
@@ -123,7 +126,8 @@ private:
 
 void checkValues(platform::storage::Table& table, const QString& file, Findings& findings)
 {
-    const std::vector<ColumnCheck> checks(table.definition().columns.begin(), table.definition().columns.end());
+    const std::vector<ColumnCheck> checks(table.definition().columns.begin(),
+                                          table.definition().columns.end());
     forEachRow(table, {}, [&](RowId id, std::span<const Value> cells) {
         for (std::size_t i = 0; i < cells.size(); ++i) {
             if (const QString fault = checks[i].faultOf(cells[i]); !fault.isEmpty())

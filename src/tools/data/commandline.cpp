@@ -38,8 +38,8 @@ const QString& helpText()
     return kText;
 }
 
-/// The value of `--name value` or `--name=value` at `position`, which moves on to the last argument used; nothing
-/// when another argument stands there.
+/// The value of `--name value` or `--name=value` at `position`, which moves on to the last argument used;
+/// nothing when another argument stands there.
 std::optional<QString> optionValue(const QStringList& arguments, qsizetype& position, const QString& name)
 {
     const QString& argument = arguments[position];
@@ -57,7 +57,8 @@ int sizeOf(const QString& text)
     bool whole = false;
     const int number = text.toInt(&whole);
     if (!whole || number < 1 || number > kMostClients)
-        throw ToolError(QStringLiteral("--size quiere un número de 1 a %1, no «%2»").arg(kMostClients).arg(text));
+        throw ToolError(
+            QStringLiteral("--size quiere un número de 1 a %1, no «%2»").arg(kMostClients).arg(text));
     return number;
 }
 
@@ -73,7 +74,8 @@ std::uint64_t seedOf(const QString& text)
 /// The folder of the report files that came with the program: beside an installed one, or the source's.
 QString reportsFolder()
 {
-    const QString installed = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/orvane/reports");
+    const QString installed =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/orvane/reports");
     if (QDir(installed).exists())
         return installed;
     const QString source = QStringLiteral(ORVANE_REPORTS_DIR);
@@ -141,7 +143,8 @@ int run(const QStringList& arguments, QTextStream& out)
         return demo(arguments, out);
     if (arguments.first() == u"check")
         return check(arguments, out);
-    throw ToolError(QStringLiteral("orden desconocida «%1»: demo o check (véase --help)").arg(arguments.first()));
+    throw ToolError(
+        QStringLiteral("orden desconocida «%1»: demo o check (véase --help)").arg(arguments.first()));
 }
 
 } // namespace
@@ -154,7 +157,9 @@ int runDataTool(const QStringList& arguments, QTextStream& out, QTextStream& err
         err << QStringLiteral("orvane-data: ") << error.text() << u'\n';
         return ExitRefused;
     } catch (const platform::Failure& failure) {
-        err << QStringLiteral("orvane-data: fallo %1 del motor de datos: %2\n").arg(failure.number()).arg(failure.text());
+        err << QStringLiteral("orvane-data: fallo %1 del motor de datos: %2\n")
+                   .arg(failure.number())
+                   .arg(failure.text());
         return ExitFaults;
     }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The catalogue of companies. It belongs to the suite and the program only reads it; this is the part of its shape
-// that the program knows, with sizes that the suite could well have.
+// The catalogue of companies. It belongs to the suite and the program only reads it; this is the part of its
+// shape that the program knows, with sizes that the suite could well have.
 
 #include "stores/schema.h"
 
@@ -26,7 +26,8 @@ inline constexpr std::array kEmpIndexes{
 };
 inline constexpr stores::TableSchema kEmp{u"EMP", kEmpColumns, kEmpIndexes};
 inline constexpr std::array kCompaniesTables{kEmp};
-inline constexpr stores::StoreSchema kCompaniesStore{u"\\Empresas de Quenda.mdb", stores::Place::CurrentDirectory,
+inline constexpr stores::StoreSchema kCompaniesStore{u"\\Empresas de Quenda.mdb",
+                                                     stores::Place::CurrentDirectory,
                                                      platform::dao::dbVersion40, kCompaniesTables};
 
 } // namespace tools

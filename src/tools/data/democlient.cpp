@@ -23,16 +23,17 @@ struct KindShare
     int upTo; ///< of a hundred, running
 };
 constexpr std::array kKinds{
-    KindShare{ClientKind::Community, 32}, KindShare{ClientKind::Company, 58}, KindShare{ClientKind::Person, 72},
-    KindShare{ClientKind::Public, 78},    KindShare{ClientKind::Hotel, 87},   KindShare{ClientKind::Workshop, 95},
+    KindShare{ClientKind::Community, 32}, KindShare{ClientKind::Company, 58},
+    KindShare{ClientKind::Person, 72},    KindShare{ClientKind::Public, 78},
+    KindShare{ClientKind::Hotel, 87},     KindShare{ClientKind::Workshop, 95},
     KindShare{ClientKind::School, 100},
 };
 
 ClientKind makeKind(Random& random)
 {
     const int draw = random.below(100);
-    const auto found =
-        std::find_if(kKinds.begin(), kKinds.end(), [draw](const KindShare& share) { return draw < share.upTo; });
+    const auto found = std::find_if(kKinds.begin(), kKinds.end(),
+                                    [draw](const KindShare& share) { return draw < share.upTo; });
     return found == kKinds.end() ? ClientKind::Company : found->kind;
 }
 
@@ -46,7 +47,8 @@ QString postalText(int code)
     return QString::number(code).rightJustified(5, u'0');
 }
 
-/// The parts in a row. A braced list is evaluated from left to right with every compiler, which the operands of
+/// The parts in a row. A braced list is evaluated from left to right with every compiler, which the operands
+/// of
 /// `+` are not, and the order of the draws is part of the data.
 QString joined(std::initializer_list<QString> parts)
 {
@@ -73,30 +75,32 @@ QString companyName(Random& random)
 
 QString surnameFirst(Random& random)
 {
-    return joined({word(surnames(), random), QStringLiteral(" "), word(surnames(), random), QStringLiteral(", "),
-                   word(givenNames(), random)});
+    return joined({word(surnames(), random), QStringLiteral(" "), word(surnames(), random),
+                   QStringLiteral(", "), word(givenNames(), random)});
 }
 
 QString hotelName(Random& random)
 {
-    constexpr std::array kHouses{QStringView(u"Hotel"), QStringView(u"Hostal"), QStringView(u"Restaurante"),
-                                 QStringView(u"Cafetería"), QStringView(u"Apartamentos"),
-                                 QStringView(u"Chiringuito")};
+    constexpr std::array kHouses{QStringView(u"Hotel"),        QStringView(u"Hostal"),
+                                 QStringView(u"Restaurante"),  QStringView(u"Cafetería"),
+                                 QStringView(u"Apartamentos"), QStringView(u"Chiringuito")};
     return joined({word(kHouses, random), QStringLiteral(" "), word(houseNames(), random)});
 }
 
 QString workshopName(Random& random)
 {
-    constexpr std::array kWorkshops{QStringView(u"Talleres"), QStringView(u"Hnos."), QStringView(u"Mecanizados"),
-                                    QStringView(u"Carrocerías"), QStringView(u"Neumáticos")};
+    constexpr std::array kWorkshops{QStringView(u"Talleres"), QStringView(u"Hnos."),
+                                    QStringView(u"Mecanizados"), QStringView(u"Carrocerías"),
+                                    QStringView(u"Neumáticos")};
     return joined({word(kWorkshops, random), QStringLiteral(" "), word(surnames(), random),
                    random.chance(50) ? QStringLiteral(", S.L.") : QStringLiteral(", C.B.")});
 }
 
 QString schoolName(Random& random)
 {
-    constexpr std::array kSchools{QStringView(u"Colegio"), QStringView(u"Instituto"), QStringView(u"Guardería"),
-                                  QStringView(u"Residencia"), QStringView(u"Academia")};
+    constexpr std::array kSchools{QStringView(u"Colegio"), QStringView(u"Instituto"),
+                                  QStringView(u"Guardería"), QStringView(u"Residencia"),
+                                  QStringView(u"Academia")};
     return joined({word(kSchools, random), QStringLiteral(" "), word(houseNames(), random)});
 }
 
@@ -168,10 +172,25 @@ QString plainLetters(const QString& name)
     return plain.left(20);
 }
 
+/// Nobody lives in an industrial estate or on a road: a community's street is drawn again until people could.
+Address makeHome(Random& random)
+{
+    constexpr std::array kRoads{QStringView(u"Pol."), QStringView(u"Ctra."), QStringView(u"Camino")};
+    for (;;) {
+        Address address = makeAddress(random);
+        const bool road = std::any_of(kRoads.begin(), kRoads.end(),
+                                      [&](QStringView kind) { return address.street.startsWith(kind); });
+        if (!road && !address.street.contains(u'º'))
+            return address;
+    }
+}
+
 QString makeEmail(const DemoClient& client, Random& random)
 {
     if (random.chance(35))
         return {};
+    if (client.kind == ClientKind::Person)
+        return plainLetters(client.name) + QStringLiteral("@correo.example");
     constexpr std::array kBoxes{QStringView(u"info"), QStringView(u"administracion"), QStringView(u"correo"),
                                 QStringView(u"mantenimiento")};
     return word(kBoxes, random) + u'@' + plainLetters(client.name) + QStringLiteral(".example");
@@ -199,8 +218,8 @@ Address makeAddress(Random& random)
 
 QString makePerson(Random& random)
 {
-    return joined({word(givenNames(), random), QStringLiteral(" "), word(surnames(), random), QStringLiteral(" "),
-                   word(surnames(), random)});
+    return joined({word(givenNames(), random), QStringLiteral(" "), word(surnames(), random),
+                   QStringLiteral(" "), word(surnames(), random)});
 }
 
 QString makePhone(const QString& postalCode, bool mobile, Random& random)
@@ -219,7 +238,7 @@ DemoClient makeClient(int number, Random& random)
     client.number = number;
     client.code = QString::number(codeNumber(number)).rightJustified(10, u'0');
     client.kind = makeKind(random);
-    client.address = makeAddress(random);
+    client.address = client.kind == ClientKind::Community ? makeHome(random) : makeAddress(random);
     client.name = nameOf(client.kind, client.address, random).left(kNameSize);
     client.taxId = makeTaxId(client, random);
     client.email = makeEmail(client, random);

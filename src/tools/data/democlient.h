@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// One client of the demo, made up whole: who it is, where it is and how it is reached. Pure: the same generator
-// state gives the same client, and nothing is written.
+// One client of the demo, made up whole: who it is, where it is and how it is reached. Pure: the same
+// generator state gives the same client, and nothing is written.
 
 #include "tools/data/random.h"
 

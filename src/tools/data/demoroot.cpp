@@ -34,12 +34,13 @@ void makeFolder(const QString& folder)
         throw ToolError(QStringLiteral("no se puede crear la carpeta «%1»").arg(folder));
 }
 
-/// Makes a store with the tables of its schema, all at once and open. Row for row and column for column it is what
-/// the program's own create procedure makes, which asks for a durable commit a column.
+/// Makes a store with the tables of its schema, all at once and open. Row for row and column for column it is
+/// what the program's own create procedure makes, which asks for a durable commit a column.
 std::unique_ptr<Connection> created(const stores::StoreSchema& store, const QString& folder)
 {
     const QString path = platform::nativePath(folder + u'\\' + store.file.toString());
-    const platform::storage::CreateOptions options{platform::dao::kSpanishLocale.toString(), store.formatOption};
+    const platform::storage::CreateOptions options{platform::dao::kSpanishLocale.toString(),
+                                                   store.formatOption};
     auto connection = platform::storage::sqliteEngine()->create(path, options);
     for (const auto& table : stores::tableDefinitions(store.tables))
         connection->createTable(table);
@@ -60,7 +61,8 @@ void makeCatalogue(const QString& root)
     table.flush();
 }
 
-/// Numbers of the generator's streams, so that a change in one store leaves the rows of the others as they were.
+/// Numbers of the generator's streams, so that a change in one store leaves the rows of the others as they
+/// were.
 enum Stream : std::uint64_t { Articles, Types, Clients, Consultations, Telephones, StreamsPerCompany };
 
 struct DemoCompany

@@ -19,12 +19,13 @@ struct DemoRequest
     QString reports; ///< folder of report files to copy; empty for none
 };
 
-/// Makes the data root in a folder that must be missing or empty; the folder and its parents are made. The same
-/// request always makes the same rows. Stores are made from the schemas of the program's own create procedures and
-/// filled in blocks of one transaction through the storage seam, so that 100,000 clients take about a minute.
+/// Makes the data root in a folder that must be missing or empty; the folder and its parents are made. The
+/// same request always makes the same rows. Stores are made from the schemas of the program's own create
+/// procedures and filled in blocks of one transaction through the storage seam, so that 100,000 clients take
+/// about a minute.
 ///
-/// Throws `ToolError` when the folder can't be used, and the data engine's `Failure` when a store can't be written;
-/// what was made until then stays.
+/// Throws `ToolError` when the folder can't be used, and the data engine's `Failure` when a store can't be
+/// written; what was made until then stays.
 void makeDemoRoot(const DemoRequest& request);
 
 } // namespace tools

@@ -20,7 +20,7 @@ constexpr QStringView kOpen = u"01 Abierta";
 constexpr QStringView kClosed = u"02 Cerrada";
 
 constexpr std::array kTechnicians{
-    QStringView(u"Íñigo"),  QStringView(u"Begoña Peña"), QStringView(u"J. Chacón"),
+    QStringView(u"Íñigo"),   QStringView(u"Begoña Peña"), QStringView(u"J. Chacón"),
     QStringView(u"Llorenç"), QStringView(u"Marta"),       QStringView(u"Ángel Ñíguez"),
 };
 
@@ -43,7 +43,8 @@ struct Ending
     bool answered = false;
 };
 
-/// Old consultations are closed, some of the last ones are open; a few bear no state, as other programs leave them.
+/// Old consultations are closed, some of the last ones are open; a few bear no state, as other programs leave
+/// them.
 Ending endingOf(int index, int count, Random& random)
 {
     if (random.chance(1))
@@ -135,7 +136,8 @@ void fillConsultations(platform::storage::Connection& store, const std::vector<W
         // The least of two draws: early clients have been asking for longer.
         const int first = random.below(static_cast<int>(clients.size()));
         const int second = random.below(static_cast<int>(clients.size()));
-        addConsultation(table, index, count, clients[static_cast<std::size_t>(std::min(first, second))], random);
+        addConsultation(table, index, count, clients[static_cast<std::size_t>(std::min(first, second))],
+                        random);
     }
     table.flush();
 }
@@ -150,12 +152,13 @@ void fillTelephones(platform::storage::Connection& store, const Company& company
             if (written.contains(line.phone))
                 continue;
             written.append(line.phone);
-            table.add({{u"TELECODIGOEMPRESA", company.number.toString()},
-                       {u"TELECODIGO", client.code},
-                       {u"TELETELEFONO", line.phone},
-                       {u"TELEEXTENSION", random.chance(15) ? QString::number(random.between(10, 399)) : QString()},
-                       {u"TELEFAX", line.kind.toString()},
-                       {u"TELECONTACTO", random.chance(4) ? Value(Null{}) : Value(contactOf(random))}});
+            table.add(
+                {{u"TELECODIGOEMPRESA", company.number.toString()},
+                 {u"TELECODIGO", client.code},
+                 {u"TELETELEFONO", line.phone},
+                 {u"TELEEXTENSION", random.chance(15) ? QString::number(random.between(10, 399)) : QString()},
+                 {u"TELEFAX", line.kind.toString()},
+                 {u"TELECONTACTO", random.chance(4) ? Value(Null{}) : Value(contactOf(random))}});
         }
     }
     table.flush();

@@ -6,6 +6,8 @@
 #include "tools/data/identifiers.h"
 #include "tools/data/wordlists.h"
 
+#include <QStringList>
+
 #include <array>
 
 namespace tools {
@@ -23,8 +25,7 @@ struct ClientTables
         , accounts(store, u"CLIBANCOSDISP")
         , concepts(store, u"clientescyctabla")
         , prices(store, u"TarifasCliente")
-    {
-    }
+    {}
 
     void flush()
     {
@@ -136,16 +137,21 @@ std::vector<Cell> termsOf(const DemoClient& client, Random& random)
 void addAddresses(BulkTable& table, const DemoClient& client, Random& random)
 {
     const int count = random.chance(55) ? 0 : random.between(1, 3);
+    QStringList streets; // two addresses of a client differ in their street
     for (int i = 0; i < count; ++i) {
         const Address address = makeAddress(random);
-        table.add({{u"CLIENVICODIGO", client.code},
-                   {u"CLIENVIDIRECCION", QStringLiteral("%1 %2").arg(i + 1).arg(address.street)},
-                   {u"CLIENVICPOSTAL", address.postalCode},
-                   {u"CLIENVILOCALIDAD", address.town},
-                   {u"CLIENVIPORTES", random.chance(60) ? QStringLiteral("Debidos") : QStringLiteral("Pagados")},
-                   {u"CLIENVITRANSPORTISTA", sometimesNull(random.pick(carriers()).toString(), random)},
-                   {u"CLIENVIACTIVA", i == 0 ? QStringLiteral("1") : QStringLiteral("0")},
-                   {u"CLIENVINOMCOMERCIAL", Null{}}});
+        if (streets.contains(address.street))
+            continue;
+        streets.append(address.street);
+        table.add(
+            {{u"CLIENVICODIGO", client.code},
+             {u"CLIENVIDIRECCION", address.street},
+             {u"CLIENVICPOSTAL", address.postalCode},
+             {u"CLIENVILOCALIDAD", address.town},
+             {u"CLIENVIPORTES", random.chance(60) ? QStringLiteral("Debidos") : QStringLiteral("Pagados")},
+             {u"CLIENVITRANSPORTISTA", sometimesNull(random.pick(carriers()).toString(), random)},
+             {u"CLIENVIACTIVA", i == 0 ? QStringLiteral("1") : QStringLiteral("0")},
+             {u"CLIENVINOMCOMERCIAL", Null{}}});
     }
 }
 
@@ -163,7 +169,8 @@ void addAccounts(BulkTable& table, const DemoClient& client, Random& random)
     for (int i = 0; i < count; ++i) {
         const Bank& bank = random.pick(banks());
         const QString branch = digits(4, random);
-        const QString account = QString::number(i + 1) + digits(9, random); // never twice the same for a client
+        const QString account =
+            QString::number(i + 1) + digits(9, random); // never twice the same for a client
         table.add({{u"CLIBANCOSCODIGO", client.code},
                    {u"CLIBANCOSBANCO", bank.name.toString()},
                    {u"CLIBANCOSENTIDAD", bank.code.toString()},
@@ -175,15 +182,21 @@ void addAccounts(BulkTable& table, const DemoClient& client, Random& random)
     }
 }
 
+bool hasSerial(const Article& article)
+{
+    return !article.service && article.price > 250;
+}
+
 /// Every twelfth month of a monthly concept and so on: how often, as two digits.
 QString period(Random& random)
 {
-    constexpr std::array kPeriods{QStringView(u"01"), QStringView(u"03"), QStringView(u"06"), QStringView(u"12")};
+    constexpr std::array kPeriods{QStringView(u"01"), QStringView(u"03"), QStringView(u"06"),
+                                  QStringView(u"12")};
     return random.pick(std::span<const QStringView>(kPeriods)).toString();
 }
 
-/// A concept that has ended bears its day and the reason; one that goes on has an empty date, in the ways that
-/// different programs write one.
+/// A concept that has ended bears its day and the reason; one that goes on has an empty date, in the ways
+/// that different programs write one.
 std::vector<Cell> endOf(const QDate& begun, Random& random)
 {
     constexpr std::array kReasons{QStringView(u"Cierre del local"), QStringView(u"Cambio de mantenedor"),
@@ -198,26 +211,43 @@ std::vector<Cell> endOf(const QDate& begun, Random& random)
     return {{u"clientescycfecbaja", random.chance(10) ? Value(Null{}) : Value(QString())}};
 }
 
+/// What is kept up for a client: contracts, and machines that are dear enough to bear a serial number.
+const Article& conceptArticle(Random& random)
+{
+    for (;;) {
+        const Article& article = random.pick(articles());
+        if (article.service || hasSerial(article))
+            return article;
+    }
+}
+
+/// The day as stored; one in a hundred was typed in another manner.
+QString begunText(const QDate& begun, Random& random)
+{
+    return random.chance(1) ? begun.toString(QStringLiteral("d-M-yy")) : platform::FormatDate(begun);
+}
+
 int addConcepts(BulkTable& table, const DemoClient& client, Random& random)
 {
     constexpr std::array kLetters{QStringView(u"F"), QStringView(u"F"), QStringView(u"R"), QStringView(u"V"),
                                   QStringView(u"T")};
     const int count = random.chance(15) ? 0 : random.between(1, 5);
     for (int line = 1; line <= count; ++line) {
-        const Article& article = random.pick(articles());
+        const Article& article = conceptArticle(random);
         const QDate begun = makeDay(firstDay(), lastDay().addYears(-1), random);
-        const QString due = random.chance(20) ? QStringLiteral("01/01/100") : platform::FormatDate(begun.addYears(1));
-        const QString serial = article.service
-                                   ? QString()
-                                   : QStringLiteral("%1-%2-%3")
-                                         .arg(article.alternative.isEmpty() ? article.code : article.alternative)
-                                         .arg(begun.year())
-                                         .arg(digits(5, random));
+        const QString due =
+            random.chance(20) ? QStringLiteral("01/01/100") : platform::FormatDate(begun.addYears(1));
+        const QString serial =
+            !hasSerial(article) ? QString()
+                                : QStringLiteral("%1-%2-%3")
+                                      .arg(article.alternative.isEmpty() ? article.code : article.alternative)
+                                      .arg(begun.year())
+                                      .arg(digits(5, random));
         std::vector<Cell> cells{
             {u"clientescycarticulo", article.code.toString()},
             {u"clientescyccliente", client.code},
             {u"clientescycdescrip", article.description.toString()},
-            {u"clientescycfecinic", platform::FormatDate(begun)},
+            {u"clientescycfecinic", begunText(begun, random)},
             {u"clientescycfecvcto", due},
             {u"clientescycT", random.pick(std::span<const QStringView>(kLetters)).toString()},
             {u"clientescycPE", period(random)},

@@ -5,8 +5,7 @@ namespace tools {
 
 Findings::Findings(QTextStream& out)
     : m_out(out)
-{
-}
+{}
 
 void Findings::fault(const Spot& spot, const QString& text)
 {

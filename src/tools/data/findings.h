@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// What a check found, one Spanish line each: a fault is something that the program can't live with, a notice is
-// something odd that it can.
+// What a check found, one Spanish line each: a fault is something that the program can't live with, a notice
+// is something odd that it can.
 
 #include <QString>
 #include <QTextStream>

@@ -19,8 +19,7 @@ constexpr std::uint64_t kGoldenStep = 0x9E3779B97F4A7C15U;
 
 Random::Random(std::uint64_t seed, std::uint64_t stream) noexcept
     : m_state(mixed(seed + kGoldenStep) ^ mixed(stream * kGoldenStep + 1))
-{
-}
+{}
 
 std::uint64_t Random::next() noexcept
 {

@@ -49,7 +49,8 @@ void forEachRow(platform::storage::Table& table, const std::vector<int>& columns
 QString rowName(platform::storage::Table& table, RowId id)
 {
     const auto& indexes = table.definition().indexes;
-    const auto primary = std::find_if(indexes.begin(), indexes.end(), [](const auto& index) { return index.primary; });
+    const auto primary =
+        std::find_if(indexes.begin(), indexes.end(), [](const auto& index) { return index.primary; });
     platform::storage::Row row;
     if (primary == indexes.end() || !table.read(id, row))
         return QStringLiteral("fila %1").arg(id);

@@ -15,7 +15,8 @@ using Words = std::span<const QStringView>;
 [[nodiscard]] Words givenNames() noexcept;
 [[nodiscard]] Words streetKinds() noexcept;
 [[nodiscard]] Words streetNames() noexcept;
-/// Invented halves of firm names ("Hidro", "Clima"), their fields of work, and the names of hotels and the like.
+/// Invented halves of firm names ("Hidro", "Clima"), their fields of work, and the names of hotels and the
+/// like.
 [[nodiscard]] Words firmStems() noexcept;
 [[nodiscard]] Words firmTrades() noexcept;
 [[nodiscard]] Words houseNames() noexcept;
