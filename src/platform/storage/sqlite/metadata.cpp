@@ -13,6 +13,8 @@ constexpr auto kFile = "file"_L1;
 constexpr auto kColumn = "column"_L1;
 constexpr auto kIndex = "index"_L1;
 
+constexpr auto kFormat = "format"_L1;
+constexpr auto kLocale = "locale"_L1;
 constexpr auto kSize = "size"_L1;
 constexpr auto kZeroLength = "zero_length"_L1;
 constexpr auto kPrimary = "primary"_L1;
@@ -31,14 +33,6 @@ QString joined(const QStringList& columns)
     return columns.join(u'\n');
 }
 
-void makeTable(const Database& database)
-{
-    database.execute(QByteArray("CREATE TABLE IF NOT EXISTS ") + kMetadataTable
-                         + "(kind TEXT NOT NULL, owner TEXT NOT NULL COLLATE NOCASE, item TEXT NOT NULL COLLATE NOCASE,"
-                           " property TEXT NOT NULL, value)",
-                     Task::Structure);
-}
-
 struct Note
 {
     QLatin1String kind;
@@ -50,7 +44,7 @@ struct Note
 
 void write(const Database& database, const Note& note)
 {
-    makeTable(database);
+    makeMetadataTable(database);
     Statement forget(database.get(),
                      QByteArray("DELETE FROM ") + kMetadataTable
                          + " WHERE kind = ?1 AND owner = ?2 AND item = ?3 AND property = ?4",
@@ -69,7 +63,7 @@ void write(const Database& database, const Note& note)
 
 void forget(const Database& database, QLatin1String kind, const QString& owner, const QString& item)
 {
-    makeTable(database);
+    makeMetadataTable(database);
     Statement statement(database.get(),
                         QByteArray("DELETE FROM ") + kMetadataTable + " WHERE kind = ?1 AND owner = ?2 AND item = ?3",
                         Task::Structure);
@@ -88,9 +82,10 @@ double flag(bool value)
 
 Metadata::Metadata(const Database& database)
 {
-    const QByteArray exists =
-        QByteArray("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = '") + kMetadataTable + "'";
-    if (database.number(exists, Task::Read) == 0)
+    // A table of another shape is none of ours and tells nothing.
+    const QByteArray columns = QByteArray("SELECT count(*) FROM pragma_table_info('") + kMetadataTable
+                               + "') WHERE name IN ('kind', 'owner', 'item', 'property', 'value')";
+    if (database.number(columns, Task::Read) != 5)
         return;
     Statement statement(database.get(),
                         QByteArray("SELECT kind, owner, item, property, value FROM ") + kMetadataTable, Task::Read);
@@ -107,6 +102,18 @@ Metadata::Metadata(const Database& database)
 Value Metadata::property(QLatin1String kind, const QString& owner, const QString& item, QLatin1String name) const
 {
     return m_properties.value(key(kind, owner, item, name));
+}
+
+CreateOptions Metadata::options() const
+{
+    CreateOptions options;
+    const Value format = property(kFile, {}, {}, kFormat);
+    const Value locale = property(kFile, {}, {}, kLocale);
+    if (const QString* text = std::get_if<QString>(&locale))
+        options.locale = *text;
+    if (format == Value(32.0))
+        options.formatOption = 32;
+    return options;
 }
 
 int Metadata::columnSize(const QString& table, const QString& column) const
@@ -131,11 +138,19 @@ bool Metadata::isPrimary(const QString& table, const QString& index, const QStri
     return names != nullptr && names->compare(joined(columns), Qt::CaseInsensitive) == 0;
 }
 
+void makeMetadataTable(const Database& database)
+{
+    database.execute(QByteArray("CREATE TABLE IF NOT EXISTS ") + kMetadataTable
+                         + "(kind TEXT NOT NULL, owner TEXT NOT NULL COLLATE NOCASE, item TEXT NOT NULL COLLATE NOCASE,"
+                           " property TEXT NOT NULL, value)",
+                     Task::Structure);
+}
+
 void makeMetadata(const Database& database, const CreateOptions& options)
 {
     const std::array notes{
-        Note{kFile, {}, {}, "format"_L1, static_cast<double>(options.formatOption)},
-        Note{kFile, {}, {}, "locale"_L1, options.locale},
+        Note{kFile, {}, {}, kFormat, static_cast<double>(options.formatOption)},
+        Note{kFile, {}, {}, kLocale, options.locale},
     };
     for (const Note& note : notes)
         write(database, note);

@@ -28,6 +28,8 @@ public:
     /// Reads the table. To be called within a reading.
     explicit Metadata(const Database& database);
 
+    /// What the file was made with.
+    [[nodiscard]] CreateOptions options() const;
     /// The size noted for a column, 0 when there is none.
     [[nodiscard]] int columnSize(const QString& table, const QString& column) const;
     /// True, too, for a column that nothing is noted of.
@@ -42,7 +44,10 @@ private:
     QHash<QString, Value> m_properties;
 };
 
-/// Writers, each to be called within a writing. They make the table where it is missing.
+/// Makes the table where it is missing.
+void makeMetadataTable(const Database& database);
+
+/// Writers, each to be called within a writing.
 void makeMetadata(const Database& database, const CreateOptions& options);
 void noteColumn(const Database& database, const QString& table, const Column& column);
 void noteIndex(const Database& database, const QString& table, const IndexDefinition& index);

@@ -64,13 +64,6 @@ struct stat statusOf(const QString& path)
     return status;
 }
 
-void requireReadable(const QString& path)
-{
-    static_cast<void>(statusOf(path));
-    if (faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK, AT_EACCESS) != 0)
-        throw systemFailure(errno, path);
-}
-
 Database openHandle(const QString& path, bool writable)
 {
     const int access = writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
@@ -181,6 +174,13 @@ Database makeDatabase(const QString& path, const CreateOptions& options)
 }
 
 } // namespace
+
+void requireReadable(const QString& path)
+{
+    static_cast<void>(statusOf(path));
+    if (faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK, AT_EACCESS) != 0)
+        throw systemFailure(errno, path);
+}
 
 Database makeStoreFile(const QString& path, const CreateOptions& options)
 {

@@ -17,6 +17,9 @@ namespace platform::storage::sqlite {
 /// permission, 3026 disk full.
 [[nodiscard]] std::unique_ptr<Store> createStore(const QString& path, const CreateOptions& options);
 
+/// 3024 no file, 3044 no folder, 3051 no plain file or no permission to read.
+void requireReadable(const QString& path);
+
 /// Makes the file alone, without presence or gate, for one who holds the store exclusively: 3204, 3026, 3051.
 [[nodiscard]] Database makeStoreFile(const QString& path, const CreateOptions& options);
 

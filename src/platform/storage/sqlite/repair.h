@@ -8,7 +8,15 @@
 
 namespace platform::storage::sqlite {
 
-/// As `Engine::repair`.
-void repairStore(const QString& path, const QList<TableDefinition>& expected);
+struct RepairResult
+{
+    QString keptFile;       ///< where the damaged file is now
+    qint64 rows = 0;        ///< rows in the new file
+    qint64 refusedRows = 0; ///< rows that could be read and violate a key
+};
+
+/// As `Engine::repair`. 3024 no file, 3044 no folder, 3050 open elsewhere, 3051 no permission.
+/// On a failure the file stands where it was.
+RepairResult repairStore(const QString& path, const QList<TableDefinition>& expected);
 
 } // namespace platform::storage::sqlite
