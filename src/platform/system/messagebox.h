@@ -20,8 +20,8 @@ struct Message
     friend bool operator==(const Message&, const Message&) = default;
 };
 
-/// Shows a message over the active window and returns when the user has closed it. Where neither of the functions
-/// below was called there is no window to show it over: it returns at once.
+/// Shows a message over the active window and returns when the user has closed it. Where neither of the
+/// functions below was called there is no window to show it over: it returns at once.
 void messageBox(const Message& message);
 
 /// Replaces what shows messages; an empty function brings the real box back.

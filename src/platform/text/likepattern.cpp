@@ -54,8 +54,8 @@ using Steps = QVarLengthArray<Step, 64>;
     return false;
 }
 
-/// Reads the set that opens at `start` and returns the position of its "]". "[]" adds nothing; a "!" that stands
-/// alone is itself.
+/// Reads the set that opens at `start` and returns the position of its "]". "[]" adds nothing; a "!" that
+/// stands alone is itself.
 [[nodiscard]] qsizetype readSet(QStringView pattern, qsizetype start, Steps& steps)
 {
     const qsizetype end = pattern.indexOf(u']', start);

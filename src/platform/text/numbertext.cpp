@@ -93,8 +93,8 @@ using Buffer = QVarLengthArray<char, 64>;
     if (number.point >= count)
         return QString::fromLatin1(number.digits.leftJustified(number.point, '0'));
     if (number.point > 0)
-        return QString::fromLatin1(number.digits.first(number.point) + decimalMark
-                                   + number.digits.sliced(number.point));
+        return QString::fromLatin1(number.digits.first(number.point) + decimalMark +
+                                   number.digits.sliced(number.point));
     return QString::fromLatin1(zero + decimalMark + QByteArray(-number.point, '0') + number.digits);
 }
 
@@ -123,8 +123,8 @@ using Buffer = QVarLengthArray<char, 64>;
 [[nodiscard]] QString amountForm(double number)
 {
     const DecimalDigits rounded = roundedTo(decimalDigits(number), 2);
-    return QString::fromLatin1((rounded.negative ? "-" : "") + groupedDigits(rounded) + ','
-                               + twoDecimals(rounded));
+    return QString::fromLatin1((rounded.negative ? "-" : "") + groupedDigits(rounded) + ',' +
+                               twoDecimals(rounded));
 }
 
 } // namespace
@@ -184,7 +184,8 @@ std::int16_t CInt(double number)
 {
     // The default rounding mode takes a half to the even neighbour.
     const double rounded = std::nearbyint(number);
-    if (!(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max()))
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
+          rounded <= std::numeric_limits<std::int16_t>::max()))
         throw Failure(kOverflow, QStringLiteral("the number doesn't fit 16 bits"));
     return static_cast<std::int16_t>(rounded);
 }

@@ -24,8 +24,7 @@ public:
     explicit Utf16Reader(QStringView text) noexcept
         : m_at(text.utf16())
         , m_end(m_at + text.size())
-    {
-    }
+    {}
 
     [[nodiscard]] bool atEnd() const noexcept { return m_at == m_end; }
     [[nodiscard]] Unit unit() const noexcept { return *m_at; }
@@ -55,8 +54,7 @@ public:
     explicit Utf8Reader(QByteArrayView text) noexcept
         : m_at(reinterpret_cast<const unsigned char*>(text.data()))
         , m_end(m_at + text.size())
-    {
-    }
+    {}
 
     [[nodiscard]] bool atEnd() const noexcept { return m_at == m_end; }
     [[nodiscard]] Unit unit() const noexcept { return *m_at; }
@@ -103,8 +101,7 @@ class Weights
 public:
     explicit Weights(Reader reader) noexcept
         : m_reader(reader)
-    {
-    }
+    {}
 
     [[nodiscard]] Element next() noexcept
     {

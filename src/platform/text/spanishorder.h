@@ -8,15 +8,15 @@
 // blanks (U+0020) at the end don't count; blanks, punctuation, digits and letters follow each other in this
 // order; characters outside Windows-1252 come last, by code point.
 //
-// It is the Unicode order for `es@collation=traditional` at the secondary strength, but for four things that are
-// decided here:
+// It is the Unicode order for `es@collation=traditional` at the secondary strength, but for four things that
+// are decided here:
 // - blanks at the end don't count;
 // - cH and lL are letters as well, since case is ignored;
-// - the control characters and the soft hyphen aren't ignored: they come first, by code, so that no two different
-//   texts become one key for a character that can't be seen;
+// - the control characters and the soft hyphen aren't ignored: they come first, by code, so that no two
+//   different texts become one key for a character that can't be seen;
 // - characters outside Windows-1252, combining accents too, come last, by code point.
-// As in the Unicode order, ª º ¹ ² ³ equal a o 1 2 3, ™ equals "tm", … equals "...", and the hard blank equals the
-// blank (but it counts at the end); œ, æ and ß differ from "oe", "ae" and "ss" as an accent does.
+// As in the Unicode order, ª º ¹ ² ³ equal a o 1 2 3, ™ equals "tm", … equals "...", and the hard blank
+// equals the blank (but it counts at the end); œ, æ and ß differ from "oe", "ae" and "ss" as an accent does.
 
 #include <QByteArray>
 #include <QString>

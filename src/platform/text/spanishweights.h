@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Weights of the traditional Spanish order over the Windows-1252 repertoire. Frozen for ever: the indexes of the
-// shared stores are built with them. Only differences matter, so the weights are plain ranks.
+// Weights of the traditional Spanish order over the Windows-1252 repertoire. Frozen for ever: the indexes of
+// the shared stores are built with them. Only differences matter, so the weights are plain ranks.
 
 #include <array>
 #include <cstdint>
 
 namespace platform::spanish {
 
-/// One weight of a text. `primary` tells letters apart and 0 is an accent on the letter before; `secondary` tells
-/// accents apart and is 0 at the end of a text only.
+/// One weight of a text. `primary` tells letters apart and 0 is an accent on the letter before; `secondary`
+/// tells accents apart and is 0 at the end of a text only.
 struct Element
 {
     std::uint32_t primary;

@@ -37,7 +37,22 @@ struct NullLiteral
 {
 };
 
-enum class BinaryOperator { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, Like, And, Or, Add, Subtract, Multiply, Divide, Concatenate };
+enum class BinaryOperator {
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
+    GreaterEqual,
+    Like,
+    And,
+    Or,
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Concatenate
+};
 
 struct Binary
 {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace platform::sql {
 
@@ -24,6 +25,14 @@ template <typename Node>
     if (heightBelow >= kMostLevels)
         failSyntax(QStringLiteral("expression too deep"));
     return {std::make_unique<Expression>(Expression{std::move(node)}), heightBelow + 1};
+}
+
+[[nodiscard]] double finiteNumber(const QString& digits)
+{
+    const double number = digits.toDouble();
+    if (!std::isfinite(number))
+        failSyntax(QStringLiteral("number too large"));
+    return number;
 }
 
 struct OperatorToken
@@ -58,8 +67,7 @@ class ExpressionParser
 public:
     explicit ExpressionParser(TokenStream& tokens) noexcept
         : m_tokens(tokens)
-    {
-    }
+    {}
 
     /// Reads operands joined by operators of at least `strength`.
     [[nodiscard]] Tree readJoined(int strength);
@@ -158,7 +166,7 @@ Tree ExpressionParser::readLiteral()
     if (token.kind == TokenKind::Text)
         return makeTree(TextLiteral{token.text});
     if (token.kind == TokenKind::Number)
-        return makeTree(NumberLiteral{token.text.toDouble()});
+        return makeTree(NumberLiteral{finiteNumber(token.text)});
     if (token.kind == TokenKind::Word && token.text.compare(u"NULL", Qt::CaseInsensitive) == 0)
         return makeTree(NullLiteral{});
     failSyntax(QStringLiteral("operand expected before \"%1\"").arg(token.text));

@@ -12,8 +12,9 @@ namespace {
 
 // Words that are never a name unless they stand in brackets.
 constexpr std::array<QStringView, 24> kKeywords{
-    u"ALL",  u"AND",   u"AS",  u"ASC", u"BETWEEN", u"BY", u"DESC", u"DISTINCT", u"DISTINCTROW", u"EXISTS", u"FROM",  u"GROUP",
-    u"HAVING", u"IN", u"INTO", u"IS",  u"LIKE",    u"NOT", u"NULL", u"OR",      u"ORDER",       u"SELECT", u"UNION", u"WHERE"};
+    u"ALL",         u"AND",    u"AS",   u"ASC",   u"BETWEEN", u"BY",     u"DESC",  u"DISTINCT",
+    u"DISTINCTROW", u"EXISTS", u"FROM", u"GROUP", u"HAVING",  u"IN",     u"INTO",  u"IS",
+    u"LIKE",        u"NOT",    u"NULL", u"OR",    u"ORDER",   u"SELECT", u"UNION", u"WHERE"};
 
 } // namespace
 
@@ -25,8 +26,7 @@ void failSyntax(const QString& why)
 TokenStream::TokenStream(QStringView text)
     : m_lexer(text)
     , m_current(m_lexer.next())
-{
-}
+{}
 
 bool TokenStream::isSymbol(QStringView symbol) const noexcept
 {
@@ -70,7 +70,8 @@ bool TokenStream::isName() const noexcept
 {
     if (m_current.kind != TokenKind::Word)
         return m_current.kind == TokenKind::Name;
-    return std::none_of(kKeywords.begin(), kKeywords.end(), [this](QStringView keyword) { return isWord(keyword); });
+    return std::none_of(kKeywords.begin(), kKeywords.end(),
+                        [this](QStringView keyword) { return isWord(keyword); });
 }
 
 QString TokenStream::expectName()
