@@ -50,7 +50,8 @@ private:
     if (set.isEmpty())
         return false;
     if (set.size() > 2 && set[1] == u'-')
-        return (set[0].toCaseFolded() <= unit && unit <= set[2].toCaseFolded()) || isMember(set.sliced(3), unit);
+        return (set[0].toCaseFolded() <= unit && unit <= set[2].toCaseFolded()) ||
+               isMember(set.sliced(3), unit);
     return set[0].toCaseFolded() == unit || isMember(set.sliced(1), unit);
 }
 
@@ -90,7 +91,8 @@ void addSet(SlowMatcher& matcher, QStringView set)
 /// The input is the pattern, a line end and the text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const QString input = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const QString input =
+        QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const qsizetype cut = input.indexOf(u'\n');
     const QStringView pattern = QStringView(input).first(cut < 0 ? input.size() : cut);
     const QStringView text = QStringView(input).sliced(cut < 0 ? input.size() : cut + 1);

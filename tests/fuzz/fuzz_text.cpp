@@ -35,8 +35,12 @@ void checkOrder(const QString& left, const QString& right)
     const int order = sign(compareSpanish(left, right));
     require(sign(compareSpanish(right, left)) == -order, "the order is the same from both sides");
     require(compareSpanish(left, left) == 0, "a text equals itself");
-    require(sign(spanishSortKey(left).compare(spanishSortKey(right))) == order, "keys have the order of the texts");
-    require(sign(compareSpanishUtf8(left.toUtf8(), right.toUtf8())) == order, "both encodings have one order");
+    require(sign(spanishSortKey(left).compare(spanishSortKey(right))) == order,
+            "keys have the order of the texts");
+    // Half a surrogate pair can't be told in UTF-8.
+    if (left.isValidUtf16() && right.isValidUtf16())
+        require(sign(compareSpanishUtf8(left.toUtf8(), right.toUtf8())) == order,
+                "both encodings have one order");
     require(compareSpanish(left + QString(2, u' '), left) == 0, "blanks at the end don't count");
 }
 
@@ -58,7 +62,8 @@ void checkNumbers(const QString& text)
         require(plain.contains(u'E') || CStr(CDbl(plain)) == plain, "the plain form comes back");
         require(Str(number).size() > 1, "a number has a text");
     } catch (const Failure& failure) {
-        require(failure.number() == kTypeMismatch || failure.number() == kOverflow, "a number fails with 13 or 6");
+        require(failure.number() == kTypeMismatch || failure.number() == kOverflow,
+                "a number fails with 13 or 6");
     }
 }
 

@@ -71,13 +71,15 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"(TipoArticuloObsoleto = '0' OR ISNULL(TipoArticuloObsoleto)) AND FAMILIA = '0001' ORDER BY "
      u"DESCRIPCION",
      u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"(((TipoArticuloObsoleto = '0') OR ISNULL(TipoArticuloObsoleto)) AND (FAMILIA = '0001'))", u"DESCRIPCION"},
+     u"(((TipoArticuloObsoleto = '0') OR ISNULL(TipoArticuloObsoleto)) AND (FAMILIA = '0001'))",
+     u"DESCRIPCION"},
     {"list 111, obsolete hidden, one family",
      u"SELECT '' as S,ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE "
      u"(TipoArticuloObsoleto = '0' OR ISNULL(TipoArticuloObsoleto)) AND FAMILIA = '0001' ORDER BY "
      u"DESCRIPCION",
      u"'' as S, ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"(((TipoArticuloObsoleto = '0') OR ISNULL(TipoArticuloObsoleto)) AND (FAMILIA = '0001'))", u"DESCRIPCION"},
+     u"(((TipoArticuloObsoleto = '0') OR ISNULL(TipoArticuloObsoleto)) AND (FAMILIA = '0001'))",
+     u"DESCRIPCION"},
     {"list 20, all types, unchecked",
      u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad FROM "
      u"CLIENTESTABLA ORDER BY CLINOMBRE",
@@ -158,7 +160,8 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"TipoArticuloObsoleto = '0' OR ISNULL(TipoArticuloObsoleto) AND DESCRIPCION LIKE '*sal*' ORDER BY "
      u"DESCRIPCION",
      u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"((TipoArticuloObsoleto = '0') OR (ISNULL(TipoArticuloObsoleto) AND (DESCRIPCION LIKE '*sal*')))", u"DESCRIPCION"},
+     u"((TipoArticuloObsoleto = '0') OR (ISNULL(TipoArticuloObsoleto) AND (DESCRIPCION LIKE '*sal*')))",
+     u"DESCRIPCION"},
     {"search 11, 111, obsolete hidden, one family",
      u"SELECT ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE "
      u"(TipoArticuloObsoleto = '0' OR ISNULL(TipoArticuloObsoleto)) AND FAMILIA = '0001' AND "
@@ -276,13 +279,15 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO "
      u"as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE '*sal*' ORDER BY "
      u"int(ACUCARTERANUMRECIBO)",
-     u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha", u"ACUCARTERATABLA",
+     u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha",
+     u"ACUCARTERATABLA",
      u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO)"},
     {"search 333, by number",
      u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO "
      u"as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE '*sal*' ORDER BY "
      u"int(ACUCARTERANUMRECIBO)DESC",
-     u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha", u"ACUCARTERATABLA",
+     u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha",
+     u"ACUCARTERATABLA",
      u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO) DESC"},
 }};
 

@@ -21,7 +21,10 @@ struct Printer
     {
         return ref.table.isEmpty() ? ref.column : ref.table + u'.' + ref.column;
     }
-    [[nodiscard]] QString operator()(const TextLiteral& literal) const { return u'\'' + literal.text + u'\''; }
+    [[nodiscard]] QString operator()(const TextLiteral& literal) const
+    {
+        return u'\'' + literal.text + u'\'';
+    }
     [[nodiscard]] QString operator()(const NumberLiteral& literal) const
     {
         return QString::number(literal.number);
@@ -55,7 +58,10 @@ struct Printer
     {
         return all.table.isEmpty() ? u"*"_s : all.table + u".*"_s;
     }
-    [[nodiscard]] QString operator()(const ExpressionPtr& expression) const { return ofExpression(*expression); }
+    [[nodiscard]] QString operator()(const ExpressionPtr& expression) const
+    {
+        return ofExpression(*expression);
+    }
 };
 
 } // namespace

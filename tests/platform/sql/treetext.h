@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A syntax tree as text, with every operator in parentheses, so that a test can say what it expects on one line.
+// A syntax tree as text, with every operator in parentheses, so that a test can say what it expects on one
+// line.
 
 #include "platform/dao/sql/ast.h"
 

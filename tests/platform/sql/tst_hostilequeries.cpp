@@ -118,6 +118,8 @@ void HostileQueriesTest::malformedQueryIsASyntaxError_data()
     row("exclamation mark", u"SELECT a FROM t WHERE t!a = 1"_s);
     row("blob literal", u"SELECT a FROM t WHERE a = x'00'"_s);
     row("number with a letter", u"SELECT a FROM t WHERE a = 12b"_s);
+    row("number too large", u"SELECT a FROM t WHERE a = 1E400"_s);
+    row("digits of a number too large", u"SELECT a FROM t WHERE a = "_s + QString(400, u'9'));
     row("two operands", u"SELECT a FROM t WHERE a b"_s);
     row("three names", u"SELECT a.b.c FROM t"_s);
     row("function of all", u"SELECT COUNT(*) FROM t"_s);
@@ -160,8 +162,8 @@ void HostileQueriesTest::actionQueryIsAnInvalidOperation_data()
     QTest::addColumn<QString>("text");
     for (const auto& text :
          {u"INSERT INTO t VALUES (1)"_s, u"UPDATE t SET a = 1"_s, u"DELETE FROM t"_s, u"delete * from t"_s,
-          u"DROP TABLE t"_s, u"DROP INDEX a ON t"_s, u"CREATE TABLE t (a TEXT)"_s, u"ALTER TABLE t ADD a TEXT"_s,
-          u"GRANT SELECT ON t TO u"_s, u"REVOKE SELECT ON t FROM u"_s})
+          u"DROP TABLE t"_s, u"DROP INDEX a ON t"_s, u"CREATE TABLE t (a TEXT)"_s,
+          u"ALTER TABLE t ADD a TEXT"_s, u"GRANT SELECT ON t TO u"_s, u"REVOKE SELECT ON t FROM u"_s})
         QTest::newRow(qPrintable(text)) << text;
 }
 
@@ -190,7 +192,8 @@ void HostileQueriesTest::typedTextStaysInItsLiteral()
     QFETCH(QString, typed);
     QFETCH(QString, where);
 
-    const sql::Select select = sql::parseSelect(u"SELECT a FROM t WHERE a LIKE '*"_s + typed + u"*' ORDER BY a"_s);
+    const sql::Select select =
+        sql::parseSelect(u"SELECT a FROM t WHERE a LIKE '*"_s + typed + u"*' ORDER BY a"_s);
 
     QCOMPARE(treetext::ofWhere(select), where);
     QCOMPARE(treetext::ofOrder(select), u"a"_s);

@@ -69,8 +69,8 @@ void LookupQueriesTest::textSearchedWithAnApostropheIsASyntaxError_data()
     QTest::addColumn<QString>("text");
     for (const auto& query : lookupqueries::kAccepted) {
         if (query.where.contains(u"*sal*"))
-            QTest::newRow(query.name) << query.text.toString().replace(QStringLiteral("*sal*"),
-                                                                       QStringLiteral("*l'Hospitalet*"));
+            QTest::newRow(query.name)
+                << query.text.toString().replace(QStringLiteral("*sal*"), QStringLiteral("*l'Hospitalet*"));
     }
 }
 

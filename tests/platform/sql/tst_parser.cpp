@@ -43,7 +43,8 @@ void ParserTest::queryInUseIsAccepted_data()
                                << u"MENOMBRE"_s;
     QTest::newRow("concepts of all clients")
         << u"SELECT clientescyctabla.* From clientescyctabla ORDER BY clientescyctabla.clientescyccliente"_s
-        << u"clientescyctabla.*"_s << u"clientescyctabla"_s << u""_s << u"clientescyctabla.clientescyccliente"_s;
+        << u"clientescyctabla.*"_s << u"clientescyctabla"_s << u""_s
+        << u"clientescyctabla.clientescyccliente"_s;
     QTest::newRow("concepts of a client")
         << u"SELECT clientescyctabla.* From clientescyctabla WHERE (((clientescyctabla.clientescyccliente)="
            "'0000000012')) "_s
@@ -64,10 +65,12 @@ void ParserTest::queryInUseIsAccepted_data()
     QTest::newRow("consultations of no client")
         << u"SELECT CONS.* From CONS WHERE (((CONS.CLICONSULTA)=''))"_s << u"CONS.*"_s << u"CONS"_s
         << u"(CONS.CLICONSULTA = '')"_s << u""_s;
-    QTest::newRow("families") << u"SELECT FAMICODIGO, FAMIDESCRIPCION FROM FAMI ORDER BY FAMIDESCRIPCION ASC"_s
-                              << u"FAMICODIGO, FAMIDESCRIPCION"_s << u"FAMI"_s << u""_s << u"FAMIDESCRIPCION"_s;
+    QTest::newRow("families")
+        << u"SELECT FAMICODIGO, FAMIDESCRIPCION FROM FAMI ORDER BY FAMIDESCRIPCION ASC"_s
+        << u"FAMICODIGO, FAMIDESCRIPCION"_s << u"FAMI"_s << u""_s << u"FAMIDESCRIPCION"_s;
     QTest::newRow("receipt of an invoice")
-        << u"SELECT FACTURASLineas.FACTURAS2DocuVa From FACTURASLineas WHERE (((FACTURASLineas.FACTURAS2Numero)="
+        << u"SELECT FACTURASLineas.FACTURAS2DocuVa From FACTURASLineas WHERE "
+           u"(((FACTURASLineas.FACTURAS2Numero)="
            "125) AND ((FACTURASLineas.FACTURAS2Linea)=1) AND ((FACTURASLineas.FACTURAS2Canal)=''))"_s
         << u"FACTURASLineas.FACTURAS2DocuVa"_s << u"FACTURASLineas"_s
         << u"(((FACTURASLineas.FACTURAS2Numero = 125) AND (FACTURASLineas.FACTURAS2Linea = 1)) AND "
@@ -95,8 +98,10 @@ void ParserTest::conditionIsReadByStrength_data()
 {
     QTest::addColumn<QString>("condition");
     QTest::addColumn<QString>("read");
-    QTest::newRow("and before or") << u"a = 1 OR b = 2 AND c = 3"_s << u"((a = 1) OR ((b = 2) AND (c = 3)))"_s;
-    QTest::newRow("parentheses first") << u"(a=1 OR b=2) AND c=3"_s << u"(((a = 1) OR (b = 2)) AND (c = 3))"_s;
+    QTest::newRow("and before or") << u"a = 1 OR b = 2 AND c = 3"_s
+                                   << u"((a = 1) OR ((b = 2) AND (c = 3)))"_s;
+    QTest::newRow("parentheses first")
+        << u"(a=1 OR b=2) AND c=3"_s << u"(((a = 1) OR (b = 2)) AND (c = 3))"_s;
     QTest::newRow("not takes a comparison") << u"NOT a = 1 AND b = 2"_s << u"((NOT (a = 1)) AND (b = 2))"_s;
     QTest::newRow("not twice") << u"NOT NOT a = 1"_s << u"(NOT (NOT (a = 1)))"_s;
     QTest::newRow("all comparisons")
@@ -110,8 +115,8 @@ void ParserTest::conditionIsReadByStrength_data()
     QTest::newRow("function in any case") << u"isnull ( a )"_s << u"isnull(a)"_s;
     QTest::newRow("function without arguments") << u"f() = 1"_s << u"(f() = 1)"_s;
     QTest::newRow("function of two arguments") << u"f(a, 'b') = 1"_s << u"(f(a, 'b') = 1)"_s;
-    QTest::newRow("keywords in any case") << u"a like 'x' aNd nOt b is nUll"_s
-                                          << u"((a LIKE 'x') AND (NOT (b IS NULL)))"_s;
+    QTest::newRow("keywords in any case")
+        << u"a like 'x' aNd nOt b is nUll"_s << u"((a LIKE 'x') AND (NOT (b IS NULL)))"_s;
     QTest::newRow("sums before comparisons") << u"a + 1 > b - 2"_s << u"((a + 1) > (b - 2))"_s;
     QTest::newRow("products before sums") << u"a + b * c - d / e"_s << u"((a + (b * c)) - (d / e))"_s;
     QTest::newRow("joined text") << u"a & b = 'xy'"_s << u"((a & b) = 'xy')"_s;
@@ -128,8 +133,8 @@ void ParserTest::conditionIsReadByStrength_data()
     QTest::newRow("null") << u"a = Null"_s << u"(a = NULL)"_s;
     QTest::newRow("brackets") << u"[a b].[or] = 1"_s << u"(a b.or = 1)"_s;
     QTest::newRow("accents in names") << u"AÑO = 1"_s << u"(AÑO = 1)"_s;
-    QTest::newRow("condition that is always true") << u"a='x' OR 'a'='a'"_s
-                                                   << u"((a = 'x') OR ('a' = 'a'))"_s;
+    QTest::newRow("condition that is always true")
+        << u"a='x' OR 'a'='a'"_s << u"((a = 'x') OR ('a' = 'a'))"_s;
 }
 
 void ParserTest::conditionIsReadByStrength()

@@ -89,7 +89,8 @@ void Cp1252Test::textGoesToBytesAndBack()
     const auto bytes = toCp1252(text);
 
     QVERIFY(bytes.has_value());
-    QCOMPARE(*bytes, QByteArrayLiteral("Se\xF1or N\xFA\xF1" "ez: 5 \x80"));
+    QCOMPARE(*bytes, QByteArrayLiteral("Se\xF1or N\xFA\xF1"
+                                       "ez: 5 \x80"));
     QCOMPARE(fromCp1252(*bytes), text);
 }
 

@@ -166,9 +166,9 @@ void NumberTextTest::cDblReadsSpanishNumbers()
 void NumberTextTest::cDblRefusesOtherText_data()
 {
     QTest::addColumn<QString>("text");
-    for (const auto& text : {u""_s, u"   "_s, u"abc"_s, u"12a"_s, u"1 2"_s, u"-"_s, u","_s, u"."_s, u".5"_s,
-                             u"1,2,3"_s, u"1,2.3"_s, u"--1"_s, u"1e3"_s, u"nan"_s, u"inf"_s, u"&H10"_s,
-                             u"(5)"_s, u"5 €"_s, u"\u0661"_s, u"12\t"_s})
+    for (const auto& text : {u""_s,    u"   "_s,  u"abc"_s,   u"12a"_s,   u"1 2"_s,    u"-"_s,   u","_s,
+                             u"."_s,   u".5"_s,   u"1,2,3"_s, u"1,2.3"_s, u"--1"_s,    u"1e3"_s, u"nan"_s,
+                             u"inf"_s, u"&H10"_s, u"(5)"_s,   u"5 €"_s,   u"\u0661"_s, u"12\t"_s})
         QTest::newRow(qPrintable(u'"' + text + u'"')) << text;
 }
 

@@ -29,10 +29,17 @@ namespace {
 /// Texts over the characters that are treated specially, always the same.
 [[nodiscard]] QStringList randomTexts(int count)
 {
-    const QStringList pieces{u"c"_s, u"C"_s, u"h"_s, u"H"_s, u"l"_s, u"L"_s, u"ch"_s, u"cH"_s, u"lL"_s, u"n"_s,
-                             u"ñ"_s, u"a"_s, u"á"_s, u"Á"_s, u"e"_s, u"æ"_s, u"œ"_s, u"ß"_s, u"½"_s, u"™"_s,
-                             u" "_s, u"\u00A0"_s, u"-"_s, u"'"_s, u"\u00AD"_s, u"\u0001"_s, u"9"_s, u"ª"_s,
-                             u"\u0301"_s, u"Ω"_s, u"\uFFFD"_s, u"\U0001F600"_s, QString(QChar(u'\0'))};
+    const QStringList pieces{u"c"_s,      u"C"_s,          u"h"_s,
+                             u"H"_s,      u"l"_s,          u"L"_s,
+                             u"ch"_s,     u"cH"_s,         u"lL"_s,
+                             u"n"_s,      u"ñ"_s,          u"a"_s,
+                             u"á"_s,      u"Á"_s,          u"e"_s,
+                             u"æ"_s,      u"œ"_s,          u"ß"_s,
+                             u"½"_s,      u"™"_s,          u" "_s,
+                             u"\u00A0"_s, u"-"_s,          u"'"_s,
+                             u"\u00AD"_s, u"\u0001"_s,     u"9"_s,
+                             u"ª"_s,      u"\u0301"_s,     u"Ω"_s,
+                             u"\uFFFD"_s, u"\U0001F600"_s, QString(QChar(u'\0'))};
     QRandomGenerator random(20260101);
     QStringList texts;
     for (int i = 0; i < count; ++i) {
@@ -158,10 +165,12 @@ void SpanishOrderTest::orderIsTheSameInAllThreeForms()
 void SpanishOrderTest::orderOfAllTextsIsTotal()
 {
     QStringList texts = randomTexts(500);
-    std::stable_sort(texts.begin(), texts.end(),
-                     [](const QString& left, const QString& right) { return compareSpanish(left, right) < 0; });
+    std::stable_sort(texts.begin(), texts.end(), [](const QString& left, const QString& right) {
+        return compareSpanish(left, right) < 0;
+    });
 
-    // In a sorted list, no text may stand behind a later one, whichever two are taken, and equal ones are a run.
+    // In a sorted list, no text may stand behind a later one, whichever two are taken, and equal ones are a
+    // run.
     for (qsizetype i = 0; i < texts.size(); ++i) {
         bool behindTheRun = false;
         for (qsizetype k = i; k < texts.size(); ++k) {
@@ -176,7 +185,8 @@ void SpanishOrderTest::orderOfAllTextsIsTotal()
 
 void SpanishOrderTest::controlsComeFirstByCode()
 {
-    const QString inOrder = u"\u0001\u0008\u000E\u001F\u007F\u0081\u008D\u008F\u0090\u009D\u00AD\t\n\v\f\r "_s;
+    const QString inOrder =
+        u"\u0001\u0008\u000E\u001F\u007F\u0081\u008D\u008F\u0090\u009D\u00AD\t\n\v\f\r "_s;
 
     QVERIFY(compareSpanish(QString(QChar(u'\0')), u"\u0001") < 0);
     for (qsizetype i = 1; i < inOrder.size(); ++i)
@@ -185,7 +195,8 @@ void SpanishOrderTest::controlsComeFirstByCode()
 
 void SpanishOrderTest::charactersOutsideComeLastByCodePoint()
 {
-    const QStringList inOrder{u"þ"_s, u"\u0080"_s, u"\u0100"_s, u"\u0301"_s, u"Ω"_s, u"\uFFFF"_s, u"\U0001F600"_s};
+    const QStringList inOrder{u"þ"_s, u"\u0080"_s, u"\u0100"_s,    u"\u0301"_s,
+                              u"Ω"_s, u"\uFFFF"_s, u"\U0001F600"_s};
 
     for (qsizetype i = 1; i < inOrder.size(); ++i)
         QVERIFY(compareSpanish(inOrder[i - 1], inOrder[i]) < 0);
@@ -201,7 +212,8 @@ void SpanishOrderTest::malformedByteCountsAsTheReplacementCharacter_data()
     QTest::newRow("overlong") << QByteArrayLiteral("\xC0\xAF") << u"\uFFFD\uFFFD"_s;
     QTest::newRow("overlong in three bytes") << QByteArrayLiteral("\xE0\x80\xAF") << u"\uFFFD\uFFFD\uFFFD"_s;
     QTest::newRow("surrogate") << QByteArrayLiteral("\xED\xA0\x80") << u"\uFFFD\uFFFD\uFFFD"_s;
-    QTest::newRow("beyond the last") << QByteArrayLiteral("\xF4\x90\x80\x80") << u"\uFFFD\uFFFD\uFFFD\uFFFD"_s;
+    QTest::newRow("beyond the last") << QByteArrayLiteral("\xF4\x90\x80\x80")
+                                     << u"\uFFFD\uFFFD\uFFFD\uFFFD"_s;
     QTest::newRow("no lead byte") << QByteArrayLiteral("\xFF") << u"\uFFFD"_s;
 }
 

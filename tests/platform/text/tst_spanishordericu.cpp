@@ -50,13 +50,16 @@ namespace {
 {
     const QString characters = repertoire();
     const QStringList pieces{
-        u"a"_s,     u"á"_s,    u"be"_s,  u"ca"_s,   u"cha"_s, u"Chi"_s, u"CHO"_s, u"ço"_s,    u"de"_s,  u"él"_s,
-        u"güe"_s,   u"hí"_s,   u"la"_s,  u"lla"_s,  u"Lle"_s, u"LLO"_s, u"lz"_s,  u"cz"_s,    u"ma"_s,  u"nú"_s,
-        u"ña"_s,    u"Ñu"_s,   u"nz"_s,  u"ó"_s,    u"que"_s, u"rr"_s,  u"sa"_s,  u"tío"_s,   u"ü"_s,   u"xi"_s,
-        u"yo"_s,    u"zu"_s,   u" "_s,   u"-"_s,    u"."_s,   u", "_s,  u"'"_s,   u"&"_s,     u"/"_s,   u"0"_s,
-        u"12"_s,    u"9"_s,    u"1ª"_s,  u"2º"_s,   u"œ"_s,   u"æ"_s,   u"ß"_s,   u"™"_s,     u"€"_s,   u"…"_s,
-        u"García "_s, u"García"_s, u"GARCIA"_s, u"Núñez"_s, u"Nunez"_s, u"López"_s, u"Peña"_s, u"Pena"_s, u"Llull"_s,
-        u"Chacón"_s, u"Cáceres"_s, u"Çelik"_s, u"Álvarez"_s, u"S.L."_s, u"S. L."_s, u"y Cía."_s, u"½"_s, u"ll"_s};
+        u"a"_s,    u"á"_s,       u"be"_s,     u"ca"_s,     u"cha"_s,     u"Chi"_s,   u"CHO"_s,
+        u"ço"_s,   u"de"_s,      u"él"_s,     u"güe"_s,    u"hí"_s,      u"la"_s,    u"lla"_s,
+        u"Lle"_s,  u"LLO"_s,     u"lz"_s,     u"cz"_s,     u"ma"_s,      u"nú"_s,    u"ña"_s,
+        u"Ñu"_s,   u"nz"_s,      u"ó"_s,      u"que"_s,    u"rr"_s,      u"sa"_s,    u"tío"_s,
+        u"ü"_s,    u"xi"_s,      u"yo"_s,     u"zu"_s,     u" "_s,       u"-"_s,     u"."_s,
+        u", "_s,   u"'"_s,       u"&"_s,      u"/"_s,      u"0"_s,       u"12"_s,    u"9"_s,
+        u"1ª"_s,   u"2º"_s,      u"œ"_s,      u"æ"_s,      u"ß"_s,       u"™"_s,     u"€"_s,
+        u"…"_s,    u"García "_s, u"García"_s, u"GARCIA"_s, u"Núñez"_s,   u"Nunez"_s, u"López"_s,
+        u"Peña"_s, u"Pena"_s,    u"Llull"_s,  u"Chacón"_s, u"Cáceres"_s, u"Çelik"_s, u"Álvarez"_s,
+        u"S.L."_s, u"S. L."_s,   u"y Cía."_s, u"½"_s,      u"ll"_s};
     QRandomGenerator random(19490);
     QSet<QString> texts(pieces.begin(), pieces.end());
     while (texts.size() < 2200) {
