@@ -324,8 +324,10 @@ void ClientFixture::addConsultation(double number, const QString& client, const 
 QStringList ClientFixture::rows(const Database& store, const QString& sql)
 {
     Recordset found = store.OpenRecordset(sql, platform::dao::dbOpenDynaset);
-    const platform::dao::RowArray all = found.GetRows(100000);
     QStringList lines;
+    if (found.RecordCount() == 0)
+        return lines;
+    const platform::dao::RowArray all = found.GetRows(100000);
     for (qsizetype row = 0; row < all.rowCount(); ++row) {
         QStringList cells;
         for (int field = 0; field < all.fieldCount(); ++field) {
