@@ -3,6 +3,8 @@
 
 #include <QAbstractItemView>
 
+#include <utility>
+
 namespace platform {
 
 namespace {
@@ -28,7 +30,8 @@ CellCombo::CellCombo(const CellList& list, int maxLength, QWidget* parent)
     connect(this, &QComboBox::activated, this, [this](int index) {
         if (isEditable())
             setEditText(itemText(index));
-        Q_EMIT picked();
+        if (std::exchange(m_droppedDown, false))
+            Q_EMIT picked();
     });
 }
 
@@ -54,7 +57,15 @@ void CellCombo::showPopup()
 {
     // The cell may be far narrower than the texts of its list.
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + kPopupMargin);
+    m_droppedDown = true;
     QComboBox::showPopup();
+}
+
+void CellCombo::keyPressEvent(QKeyEvent* event)
+{
+    // The open drop-down has keys of its own.
+    m_droppedDown = false;
+    QComboBox::keyPressEvent(event);
 }
 
 CellLine::CellLine(const QString& mask, int maxLength, QWidget* parent)

@@ -27,11 +27,16 @@ public:
     void showPopup() override;
 
 Q_SIGNALS:
-    /// The user picked an item.
+    /// The user picked an item in the drop-down. Letters and arrows choose without it and leave the editor open.
     void picked();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     [[nodiscard]] QString itemText(int index) const { return itemData(index).toString(); }
+
+    bool m_droppedDown = false;
 };
 
 /// Line of typing, under the column's mask when it has one. `maxLength` 0 for no limit.
