@@ -86,6 +86,14 @@ public:
     /// First row, in index order, whose leading key columns equal `keys` (already of the columns' types). Fewer
     /// keys than columns leave the others free. A Null key finds a Null column.
     [[nodiscard]] virtual std::optional<RowId> seek(const QString& index, std::span<const Value> keys, Row& row) = 0;
+    /// The same where only the columns named by position are needed; `row` gets its full width, and what the other
+    /// cells hold is left open. An engine that can saves the work of reading them.
+    [[nodiscard]] virtual std::optional<RowId> seekColumns(const QString& index, std::span<const Value> keys,
+                                                           std::span<const int> columns, Row& row)
+    {
+        static_cast<void>(columns);
+        return seek(index, keys, row);
+    }
     /// One row, all columns. False when it is gone.
     [[nodiscard]] virtual bool read(RowId id, Row& row) = 0;
     /// Several rows, only the columns named by position, in the order asked; rows that are gone are left out.

@@ -18,6 +18,7 @@ IndexAccess::IndexAccess(const Store& store, const StoredTable& table, const Ind
     const std::size_t keys = index != nullptr ? static_cast<std::size_t>(index->columns.size()) : 0;
     m_seek.resize(keys + 1);
     m_seekNull.resize(keys + 1);
+    m_seekSome.resize(keys + 1);
 }
 
 Statement& IndexAccess::order()
@@ -46,8 +47,7 @@ Statement& IndexAccess::kept(Statement& statement, const char* direction)
 
 Statement& IndexAccess::seek(std::span<const Value> keys)
 {
-    if (keys.size() >= m_seek.size())
-        throw Failure(kInvalidArgument, u"more keys than the index has columns"_s);
+    requireKeys(keys.size());
     const bool hasNull = std::any_of(keys.begin(), keys.end(), isNull);
     Statement& statement = (hasNull ? m_seekNull : m_seek)[keys.size()];
     if (!statement) {
@@ -57,6 +57,28 @@ Statement& IndexAccess::seek(std::span<const Value> keys)
     for (std::size_t i = 0; i < keys.size(); ++i)
         statement.bind(static_cast<int>(i) + 1, keys[i]);
     return statement;
+}
+
+Statement& IndexAccess::seek(std::span<const Value> keys, std::span<const int> columns)
+{
+    requireKeys(keys.size());
+    Projected& known = m_seekSome[keys.size()];
+    if (!known.statement || !std::equal(known.columns.begin(), known.columns.end(), columns.begin(), columns.end())) {
+        QByteArray text = m_table.rowId;
+        for (const int column : columns)
+            text += ", " + quoted(m_table.definition.columns.at(column).name);
+        known.statement = prepare(text, keyText(keys.size(), " = ?") + orderText("") + " LIMIT 1");
+        known.columns.assign(columns.begin(), columns.end());
+    }
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        known.statement.bind(static_cast<int>(i) + 1, keys[i]);
+    return known.statement;
+}
+
+void IndexAccess::requireKeys(std::size_t count) const
+{
+    if (count >= m_seek.size())
+        throw Failure(kInvalidArgument, u"more keys than the index has columns"_s);
 }
 
 Statement IndexAccess::prepare(const QByteArray& columns, const QByteArray& rest) const

@@ -25,8 +25,18 @@ public:
     [[nodiscard]] Statement& last();
     /// Row number and all columns of the first row under the keys, which are bound already. 3001 too many keys.
     [[nodiscard]] Statement& seek(std::span<const Value> keys);
+    /// Row number and the columns named by position of that row. No key may be Null.
+    [[nodiscard]] Statement& seek(std::span<const Value> keys, std::span<const int> columns);
 
 private:
+    /// A seek for some columns; only the latest list is kept.
+    struct Projected
+    {
+        std::vector<int> columns;
+        Statement statement;
+    };
+
+    void requireKeys(std::size_t count) const;
     [[nodiscard]] Statement prepare(const QByteArray& columns, const QByteArray& rest) const;
     [[nodiscard]] QByteArray orderText(const char* direction) const;
     [[nodiscard]] QByteArray keyText(std::size_t count, const char* comparison) const;
@@ -40,6 +50,7 @@ private:
     Statement m_last;
     std::vector<Statement> m_seek;     ///< by number of keys
     std::vector<Statement> m_seekNull; ///< the same where a key is Null
+    std::vector<Projected> m_seekSome; ///< by number of keys
 };
 
 /// Row number and every column, for the head of a SELECT.

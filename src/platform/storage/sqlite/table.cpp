@@ -124,6 +124,23 @@ std::optional<RowId> StoreTable::seek(const QString& index, std::span<const Valu
     return oneRow(wanted.seek(keys), row);
 }
 
+std::optional<RowId> StoreTable::seekColumns(const QString& index, std::span<const Value> keys,
+                                             std::span<const int> columns, Row& row)
+{
+    if (std::any_of(keys.begin(), keys.end(), isNull))
+        return seek(index, keys, row);
+    IndexAccess& wanted = access(index);
+    const Reading reading(m_store);
+    Statement& statement = wanted.seek(keys, columns);
+    Run run(statement, Task::Read);
+    if (!run.next())
+        return std::nullopt;
+    row.resize(static_cast<std::size_t>(m_table.definition.columns.size()));
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        readCell(statement.get(), static_cast<int>(i) + 1, row[static_cast<std::size_t>(columns[i])]);
+    return integerAt(statement, 0);
+}
+
 bool StoreTable::read(RowId id, Row& row)
 {
     const Reading reading(m_store);

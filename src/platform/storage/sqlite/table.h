@@ -24,6 +24,8 @@ public:
     [[nodiscard]] std::optional<RowId> first(const QString& index, Row& row) override;
     [[nodiscard]] std::optional<RowId> last(const QString& index, Row& row) override;
     [[nodiscard]] std::optional<RowId> seek(const QString& index, std::span<const Value> keys, Row& row) override;
+    [[nodiscard]] std::optional<RowId> seekColumns(const QString& index, std::span<const Value> keys,
+                                                   std::span<const int> columns, Row& row) override;
     [[nodiscard]] bool read(RowId id, Row& row) override;
     void readMany(std::span<const RowId> ids, std::span<const int> columns, RowBlock& block) override;
     RowId insert(const Row& row) override;
