@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The one way to the lookup window. The caller sets `TIPOBUSQUEDA` before and looks at `RESULTADOBUSQUEDA` after.
+// The one way to the lookup window. The caller sets `TIPOBUSQUEDA` before and looks at `RESULTADOBUSQUEDA`
+// after.
 
 #include <functional>
 
@@ -10,6 +11,9 @@ class QWidget;
 /// Shows the lookup over `parent`, modally, and returns when it has closed. Failures pass to the caller.
 void MuestraLISEM(QWidget* parent);
 
-/// How the lookup is shown: set by the program's start, answered by tests. Empty: nothing is shown, as if the user had
-/// left it at once.
+/// How the lookup is shown: set by the program's start, answered by tests. Empty: nothing is shown, as if the
+/// user had left it at once.
 void setMuestraLISEM(std::function<void(QWidget* parent)> show);
+
+/// Makes `MuestraLISEM` show the real window. Called once, by the program's start.
+void instalaLISEM();
