@@ -23,9 +23,12 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        // The style is told of each change as well.
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (!widget)
+            return false;
         if (event->type() == QEvent::FocusOut) {
-            const auto* widget = qobject_cast<QWidget*>(watched);
-            m_fled = widget && (!widget->isVisible() || !widget->isEnabled());
+            m_fled = !widget->isVisible() || !widget->isEnabled();
         } else if (event->type() == QEvent::FocusIn) {
             // Hiding and disabling move the focus with the reason Tab; any other reason is a fresh move.
             m_arrivesByFlight = m_fled && static_cast<QFocusEvent*>(event)->reason() == Qt::TabFocusReason;

@@ -43,7 +43,9 @@ int mousePointer(const QWidget* form)
 void sendTab(QWidget* form)
 {
     QTimer::singleShot(0, form, [form] {
-        if (QApplication::activeWindow() == form)
+        // A modal form that the handler opened may not be the active window yet, but it is modal at once.
+        const QWidget* modal = QApplication::activeModalWidget();
+        if (QApplication::activeWindow() == form && (!modal || modal == form))
             FocusMover::moveOn(form);
     });
 }

@@ -25,8 +25,11 @@ Q_SIGNALS:
     void keyDown(int key, bool* eaten);
 
 private:
+    void remember(const QObject* target, int key);
+
     QWidget* m_form;
-    const QEvent* m_seen = nullptr; ///< the key on its way; a cell editor may be handed it once more
+    const QObject* m_target = nullptr; ///< control that the last key was meant for
+    int m_key = 0; ///< the key going down; 0 once it is up again or the event loop turns
 };
 
 } // namespace platform
