@@ -8,6 +8,8 @@
 #include "platform/window/textbox.h"
 #include "shell/globalsat.h"
 
+#include <QAbstractButton>
+
 #include <optional>
 
 using namespace Qt::StringLiterals;
