@@ -45,6 +45,12 @@ public:
         check(Operation::Seek);
         return m_real->seek(index, keys, row);
     }
+    std::optional<RowId> seekColumns(const QString& index, std::span<const platform::Value> keys,
+                                     std::span<const int> columns, Row& row) override
+    {
+        check(Operation::Seek, namesOf(columns));
+        return m_real->seekColumns(index, keys, columns, row);
+    }
     bool read(RowId id, Row& row) override
     {
         check(Operation::Read);
@@ -52,10 +58,7 @@ public:
     }
     void readMany(std::span<const RowId> ids, std::span<const int> columns, RowBlock& block) override
     {
-        QStringList names;
-        for (const int column : columns)
-            names.append(definition().columns[column].name);
-        check(Operation::ReadMany, names);
+        check(Operation::ReadMany, namesOf(columns));
         m_real->readMany(ids, columns, block);
     }
     RowId insert(const Row& row) override
@@ -83,6 +86,13 @@ private:
     void check(Operation operation, const QStringList& columns = {})
     {
         m_plan->check(operation, definition().name, columns);
+    }
+    QStringList namesOf(std::span<const int> columns) const
+    {
+        QStringList names;
+        for (const int column : columns)
+            names.append(definition().columns[column].name);
+        return names;
     }
     QStringList differing(const Row& before, const Row& after) const
     {

@@ -80,8 +80,8 @@ public:
     void failOperation(Operation operation, int number = 3043);
     /// Every operation on this table fails.
     void failTable(const QString& table, int number = 3043);
-    /// Every operation fails that names this column: reading it ahead, adding a row with a value in it,
-    /// changing it, any change of its definition.
+    /// Every operation fails that names this column: seeking or reading ahead with it, adding a row with a
+    /// value in it, changing it, any change of its definition.
     void failColumn(const QString& column, int number = 3043);
 
     [[nodiscard]] std::unique_ptr<platform::storage::Connection>

@@ -31,6 +31,23 @@ void WalkColumns::note(int column)
     insertSorted(m_wanted, column);
 }
 
+bool SoughtColumns::holds(int column) const noexcept
+{
+    const auto position = static_cast<std::size_t>(column);
+    return position < m_holds.size() && m_holds[position];
+}
+
+void SoughtColumns::note(int column)
+{
+    if (holds(column))
+        return;
+    insertSorted(m_wanted, column);
+    const auto position = static_cast<std::size_t>(column);
+    if (m_holds.size() <= position)
+        m_holds.resize(position + 1);
+    m_holds[position] = true;
+}
+
 void ReadAhead::clear()
 {
     m_first = 0;

@@ -24,6 +24,19 @@ private:
     std::vector<int> m_seen;
 };
 
+/// The columns that are read after a seek, learned as the program goes.
+class SoughtColumns
+{
+public:
+    [[nodiscard]] bool holds(int column) const noexcept;
+    void note(int column);
+    [[nodiscard]] const std::vector<int>& wanted() const noexcept { return m_wanted; }
+
+private:
+    std::vector<int> m_wanted;
+    std::vector<bool> m_holds; ///< by column
+};
+
 class ReadAhead
 {
 public:

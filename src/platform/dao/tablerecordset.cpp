@@ -56,12 +56,20 @@ void TableRecordset::setIndex(const QString& name)
         m_index = index;
         m_indexName = index->name;
         m_keyColumns = keyColumns(m_table->definition(), index);
+        wantKeyColumns();
         m_list.clear();
         m_ahead.clear();
         m_position = -1;
     }
     m_at = At::First;
     m_endsUnknown = false;
+}
+
+/// The key tells a row's place in the order, also once the row is gone.
+void TableRecordset::wantKeyColumns()
+{
+    for (const int column : m_keyColumns)
+        m_sought.note(column);
 }
 
 void TableRecordset::resolveFirst()
@@ -82,6 +90,7 @@ void TableRecordset::standOn(storage::RowId id)
     m_at = At::Row;
     m_id = id;
     m_hasRow = true;
+    m_isWhole = true;
     m_walking = false;
     m_rowStamp = Stamp::now(database().ownChanges);
 }
@@ -112,11 +121,13 @@ void TableRecordset::seek(QStringView comparison, std::span<const Value> keys)
         throw Failure(kNoCurrentIndex);
     if (comparison != QStringView(u"="))
         throw Failure(kInvalidArgument);
-    const std::optional<storage::RowId> id = m_table->seek(m_indexName, convertKeys(keys), m_found);
+    const std::optional<storage::RowId> id =
+        m_table->seekColumns(m_indexName, convertKeys(keys), m_sought.wanted(), m_found);
     m_noMatch = !id;
     if (id) {
         std::swap(m_row, m_found);
         standOn(*id);
+        m_isWhole = false;
         m_bof = m_eof = m_endsUnknown = false;
         return;
     }
@@ -210,7 +221,7 @@ void TableRecordset::writeEdit()
         return;
     }
     m_row = m_edit.values();
-    m_hasRow = true;
+    m_hasRow = m_isWhole = true;
     m_rowStamp = Stamp::now(database().ownChanges);
 }
 

@@ -47,6 +47,7 @@ private:
     void requireRow();
     void moveToEnd(End end, bool atStart);
     void standOn(storage::RowId id);
+    void wantKeyColumns();
     void lookAgain();
     [[nodiscard]] std::span<const Value> convertKeys(std::span<const Value> keys);
 
@@ -75,6 +76,8 @@ private:
 
     storage::Row m_row;     ///< copy of the current row
     bool m_hasRow = false;  ///< else the row is only in the block read ahead
+    bool m_isWhole = false; ///< else the copy holds only the columns of `m_sought`
+    SoughtColumns m_sought; ///< what is read after a seek, and the columns of the index
     bool m_walking = false; ///< the current row was reached by a move
     Stamp m_rowStamp;
     storage::Row m_found; ///< scratch, so that a failing seek leaves the row

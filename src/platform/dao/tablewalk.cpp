@@ -104,6 +104,10 @@ Value TableRecordset::currentValue(int column)
     if (!m_hasRow)
         return walkedCell(column);
     trustRow();
+    if (!m_isWhole && !m_sought.holds(column)) {
+        m_sought.note(column);
+        loadRow();
+    }
     return m_row[static_cast<std::size_t>(column)];
 }
 
@@ -129,7 +133,7 @@ void TableRecordset::loadRow()
     if (!m_table->read(m_id, m_found))
         loseRow();
     std::swap(m_row, m_found);
-    m_hasRow = true;
+    m_hasRow = m_isWhole = true;
     m_rowStamp = stamp;
 }
 

@@ -22,7 +22,9 @@ private Q_SLOTS:
 
     void aSeekAsksOnce();
     void settingTheIndexBeforeASeekAsksNothing();
-    void anyNumberOfReadsAfterASeekAskNothing();
+    void aColumnReadAfterASeekComesWithTheNextOne();
+    void aSeekBringsOnlyTheColumnsThatAreUsed();
+    void aRowLostAfterASeekStillTellsItsPlace();
     void moveFirstAndMoveLastBuildNoList();
     void aWalkBuildsItsListOnce();
     void aSecondWalkKeepsTheList();
@@ -88,14 +90,38 @@ void CostTest::settingTheIndexBeforeASeekAsksNothing()
     QCOMPARE(m_engine->count(), 1);
 }
 
-void CostTest::anyNumberOfReadsAfterASeekAskNothing()
+void CostTest::aColumnReadAfterASeekComesWithTheNextOne()
 {
     m_rows.Seek(u"=", u"c0700"_s);
+    (void)m_rows[u"NOMBRE"].Value();
+    QCOMPARE(m_engine->count(Operation::Read), 1);
+    m_engine->restart();
 
-    for (int i = 0; i < 4; ++i)
-        (void)m_rows[i].Value();
+    m_rows.Seek(u"=", u"c0701"_s);
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"nombre"_s);
+    QCOMPARE(text(m_rows, u"CODIGO"), u"c0701"_s);
 
     QCOMPARE(m_engine->count(), 1);
+}
+
+void CostTest::aSeekBringsOnlyTheColumnsThatAreUsed()
+{
+    m_engine->failColumn(u"NOTAS"_s);
+
+    m_rows.Seek(u"=", u"c0700"_s);
+
+    QVERIFY(!m_rows.NoMatch());
+}
+
+void CostTest::aRowLostAfterASeekStillTellsItsPlace()
+{
+    m_rows.Seek(u"=", u"c0700"_s);
+    m_rows.Delete();
+    QCOMPARE(m_engine->count(Operation::Read), 0);
+
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"CODIGO"), u"c0701"_s);
 }
 
 void CostTest::moveFirstAndMoveLastBuildNoList()
