@@ -33,11 +33,12 @@ void ReportReader::readMain(const XmlElement& root)
         else if (child.name == u"definicion")
             nameSubreport(child);
     }
+    readBody(root, report, {u"pagina"_s, u"estilo"_s, u"definicion"_s});
+    m_inSubreport = true;
     for (const XmlElement& child : root.children) {
         if (child.name == u"definicion")
             readSubreport(child);
     }
-    readBody(root, report, {u"pagina"_s, u"estilo"_s, u"definicion"_s});
     reader.finish(false, true);
 }
 
@@ -212,7 +213,8 @@ void ReportReader::readTable(const XmlElement& element, Report& target)
     if (table.file.startsWith(u'@')) {
         bool read = false;
         const auto other = table.file.mid(1).section(u'/', 0, 0).toUInt(&read);
-        if (!read || other >= target.tables.size())
+        const std::size_t earlier = m_inSubreport ? report.tables.size() : target.tables.size();
+        if (!read || other >= earlier)
             reader.failAt("fichero"_L1, u"«%1» ha de nombrar una tabla anterior"_s.arg(table.file));
     }
     for (const Table& known : target.tables) {

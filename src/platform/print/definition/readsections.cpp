@@ -113,7 +113,7 @@ bool ReportReader::readContent(const XmlElement& element, ElementReader& reader,
         item.grows = reader.yes("crece"_L1, true);
         const QString name = reader.needed("nombre"_L1);
         item.subreport = report.subreportIndex(name);
-        if (item.subreport < 0 || m_nextSubreport < report.subreports.size())
+        if (item.subreport < 0 || m_inSubreport)
             reader.failAt("nombre"_L1, u"el subinforme «%1» no existe"_s.arg(name));
         return true;
     }
