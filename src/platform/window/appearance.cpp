@@ -48,7 +48,8 @@ void installAppearance()
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     makeDisabledTextReadable();
     addIconFolders();
-    QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
+    QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark")
+                                                        : QStringLiteral("breeze"));
     QIcon::setFallbackThemeName(QStringLiteral("breeze"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
 }

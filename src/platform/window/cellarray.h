@@ -15,7 +15,8 @@ public:
     [[nodiscard]] virtual int columns() const = 0;
     [[nodiscard]] virtual int rows() const = 0;
 
-    /// Text of one cell. Null shows as the empty text. Called for visible cells at every repaint: keep it cheap.
+    /// Text of one cell. Null shows as the empty text. Called for visible cells at every repaint: keep it
+    /// cheap.
     [[nodiscard]] virtual QString text(int column, int row) const = 0;
 
     /// Takes a text that the user or the program wrote in the grid.

@@ -12,7 +12,8 @@
 
 namespace platform {
 
-/// Drop-down of a list column. Where typing isn't allowed, a value that isn't an item stays until one is picked.
+/// Drop-down of a list column. Where typing isn't allowed, a value that isn't an item stays until one is
+/// picked.
 class CellCombo : public QComboBox
 {
     Q_OBJECT
@@ -27,7 +28,8 @@ public:
     void showPopup() override;
 
 Q_SIGNALS:
-    /// The user picked an item in the drop-down. Letters and arrows choose without it and leave the editor open.
+    /// The user picked an item in the drop-down. Letters and arrows choose without it and leave the editor
+    /// open.
     void picked();
 
 protected:

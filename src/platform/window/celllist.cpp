@@ -7,8 +7,8 @@ namespace {
 
 const QString kButtonMark = QStringLiteral("...");
 
-/// Takes "#n*m;" off the front of an item's text and answers m, the column shown; 0 without one. The item's number
-/// isn't kept: the cell holds the text that it shows.
+/// Takes "#n*m;" off the front of an item's text and answers m, the column shown; 0 without one. The item's
+/// number isn't kept: the cell holds the text that it shows.
 int takeHead(QString& item)
 {
     const qsizetype end = item.indexOf(QLatin1Char(';'));
@@ -23,7 +23,8 @@ int takeHead(QString& item)
 CellListItem itemOf(const QString& text, int shownColumn)
 {
     const QStringList columns = text.split(QLatin1Char('\t'));
-    return {.cellText = columns.value(shownColumn, columns.first()), .displayText = columns.join(QStringLiteral("   "))};
+    return {.cellText = columns.value(shownColumn, columns.first()),
+            .displayText = columns.join(QStringLiteral("   "))};
 }
 
 } // namespace

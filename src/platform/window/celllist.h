@@ -5,8 +5,8 @@
 //
 //   "a|b"        only the items may be chosen          "|a|b"   free text too
 //   "..."        a button, no typing in the cell       "|..."   a button, typing too
-//   "#n;text"    item number n, which is not kept       "*0"     the drop-down's column that the cell keeps and shows
-//   tab          parts the drop-down's columns
+//   "#n;text"    item number n, which is not kept       "*0"     the drop-down's column that the cell keeps
+//   and shows tab          parts the drop-down's columns
 
 #include <QList>
 #include <QString>

@@ -16,8 +16,8 @@ public:
 
     /// Adds at the end; the selection stays as it is.
     void addItem(const QString& text);
-    /// Removes an entry; outside 0..listCount-1: Failure 5. Removing the selected one leaves none selected; the
-    /// selection stays on its entry otherwise. Raises no click.
+    /// Removes an entry; outside 0..listCount-1: Failure 5. Removing the selected one leaves none selected;
+    /// the selection stays on its entry otherwise. Raises no click.
     void removeItem(int index);
     /// Removes all; none selected. Raises no click.
     void clear();
@@ -29,8 +29,8 @@ public:
     [[nodiscard]] QString text() const { return currentText(); }
 
     [[nodiscard]] int listIndex() const { return currentIndex(); }
-    /// Selects an entry and raises click, unless it is selected already. Outside, and for -1: Failure 380 and the
-    /// selection stays.
+    /// Selects an entry and raises click, unless it is selected already. Outside, and for -1: Failure 380 and
+    /// the selection stays.
     void setListIndex(int index);
 
     /// Lines that the drop-down shows.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A push button that takes the focus before it reports a click, by its mnemonic too, and that Enter presses only
-// while it has the focus.
+// A push button that takes the focus before it reports a click, by its mnemonic too, and that Enter presses
+// only while it has the focus.
 
 #include <QPushButton>
 

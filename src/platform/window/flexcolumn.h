@@ -28,8 +28,8 @@ struct FlexColumn
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     Qt::Alignment headingAlignment = Qt::AlignLeft | Qt::AlignVCenter;
     int widthTwips = kWidthNotSet; ///< 1440 an inch; 0 hides the column
-    QString format;                      ///< look of a value: "##,##.00", "dd/mm/yyyy" or empty
-    QString mask;                        ///< "99/99/9999" or empty
+    QString format;                ///< look of a value: "##,##.00", "dd/mm/yyyy" or empty
+    QString mask;                  ///< "99/99/9999" or empty
     CellList list;
 
     [[nodiscard]] bool isReadable() const
@@ -42,7 +42,8 @@ struct FlexColumn
 /// looks as it is.
 [[nodiscard]] QString formattedLook(const QString& value, const QString& format);
 
-/// Qt's input mask for a mask of the design: "9" is a digit or a blank, other characters stand for themselves.
+/// Qt's input mask for a mask of the design: "9" is a digit or a blank, other characters stand for
+/// themselves.
 [[nodiscard]] QString inputMaskFor(const QString& mask);
 
 /// True when a text counts as ticked: it begins with a number other than 0.

@@ -24,7 +24,8 @@ constexpr int kQuietPercent = 35;
 QColor mixed(const QColor& ground, const QColor& tint, int percent)
 {
     const auto part = [percent](int from, int to) { return from + (to - from) * percent / 100; };
-    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()), part(ground.blue(), tint.blue())};
+    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()),
+            part(ground.blue(), tint.blue())};
 }
 
 template <typename Use>
@@ -41,8 +42,7 @@ void useEditor(QWidget* editor, Use&& use)
 FlexDelegate::FlexDelegate(FlexGrid* grid)
     : QStyledItemDelegate(grid)
     , m_grid(grid)
-{
-}
+{}
 
 QRect FlexDelegate::tickRect(const QRect& cell) const
 {
@@ -58,7 +58,8 @@ QRect FlexDelegate::buttonRect(const QRect& cell)
     return {cell.right() - width + 1, cell.top(), width, cell.height()};
 }
 
-QWidget* FlexDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+QWidget* FlexDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const
 {
     const FlexColumn& column = m_grid->column(index.column());
     const bool opensDropDown = std::exchange(m_opensDropDown, false);
@@ -105,7 +106,8 @@ void FlexDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
     editor->setGeometry(place);
 }
 
-void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
 {
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
@@ -115,7 +117,8 @@ void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     cell.state.setFlag(QStyle::State_Selected, isCursorRow && !m_grid->isEditable());
     cell.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
     if (isCursorRow && m_grid->isEditable())
-        cell.backgroundBrush = mixed(cell.palette.base().color(), cell.palette.highlight().color(), kRowTintPercent);
+        cell.backgroundBrush =
+            mixed(cell.palette.base().color(), cell.palette.highlight().color(), kRowTintPercent);
     const QRect whole = cell.rect;
     if (isCursor && showsButton(index)) {
         painter->fillRect(whole, cell.backgroundBrush);
@@ -162,7 +165,8 @@ void FlexDelegate::endEdit(QWidget* editor)
     Q_EMIT closeEditor(editor);
 }
 
-void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
 {
     QStyleOptionViewItem tick = option;
     tick.rect = tickRect(option.rect);
@@ -178,7 +182,8 @@ void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& opti
     painter->restore();
 }
 
-void FlexDelegate::paintButton(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void FlexDelegate::paintButton(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const
 {
     QStyleOptionButton button;
     button.QStyleOption::operator=(option);

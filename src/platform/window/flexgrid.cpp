@@ -20,8 +20,8 @@ FlexGrid::FlexGrid(QWidget* parent)
     setModel(m_model.get());
     setItemDelegate(m_delegate);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed
-                    | QAbstractItemView::DoubleClicked);
+    setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed |
+                    QAbstractItemView::DoubleClicked);
     setTabKeyNavigation(false);
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
@@ -193,7 +193,8 @@ void FlexGrid::setHeadingAlignment(int col, Qt::Alignment alignment)
 void FlexGrid::setColWidth(int col, int twips)
 {
     requireCol(col);
-    m_model->changeColumn(col, [twips](FlexColumn& column) { column.widthTwips = std::max(twips, kWidthNotSet); });
+    m_model->changeColumn(col,
+                          [twips](FlexColumn& column) { column.widthTwips = std::max(twips, kWidthNotSet); });
     applyWidth(col);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A grid addressed by line and column, row 0 being the heading. Rows, columns and the current cell are the grid's
-// own numbers: Row and Col may stand on the heading when code puts them there, and a number outside fails and
-// changes nothing. Events of editing come only from the user; code that writes cells raises none.
+// A grid addressed by line and column, row 0 being the heading. Rows, columns and the current cell are the
+// grid's own numbers: Row and Col may stand on the heading when code puts them there, and a number outside
+// fails and changes nothing. Events of editing come only from the user; code that writes cells raises none.
 //
 // It never sorts, a click on a heading does nothing, Tab leaves it, and typing never searches in it.
 
@@ -35,8 +35,9 @@ public:
 
     // --- shape and current cell: failures are 381 (Row, Col, TopRow, cell addresses) and 380 (Rows, Cols)
 
-    /// Number of rows, the heading included; at least 1. Cells of rows that stay keep their text; an array behind the
-    /// grid is let go. Row is kept if it still exists, else it becomes the last row (0 when only the heading is left).
+    /// Number of rows, the heading included; at least 1. Cells of rows that stay keep their text; an array
+    /// behind the grid is let go. Row is kept if it still exists, else it becomes the last row (0 when only
+    /// the heading is left).
     [[nodiscard]] int rows() const;
     void setRows(int rows);
     [[nodiscard]] int cols() const;
@@ -88,15 +89,15 @@ public:
     /// Alignment of rows 1 and on; of the heading.
     void setColAlignment(int col, Qt::Alignment alignment);
     void setHeadingAlignment(int col, Qt::Alignment alignment);
-    /// In twips, 1440 an inch; 0 hides the column. A tick column is never narrower than its heading and its box. -1:
-    /// as it comes, which for the last column is all the room that is left.
+    /// In twips, 1440 an inch; 0 hides the column. A tick column is never narrower than its heading and its
+    /// box. -1: as it comes, which for the last column is all the room that is left.
     void setColWidth(int col, int twips);
     [[nodiscard]] int colWidth(int col) const;
     /// Width of the whole control, in twips.
     [[nodiscard]] int widthTwips() const;
     [[nodiscard]] const FlexColumn& column(int col) const;
-    /// On: the widths are shares of the grid's own width, and the columns fill it. Off, as at the start: the widths
-    /// grow with the font only, and the grid scrolls.
+    /// On: the widths are shares of the grid's own width, and the columns fill it. Off, as at the start: the
+    /// widths grow with the font only, and the grid scrolls.
     [[nodiscard]] bool fillsWidth() const { return m_fillsWidth; }
     void setFillsWidth(bool fills);
 
@@ -114,8 +115,9 @@ public:
 
     // --- binding
 
-    /// Shows an array below the headings: cols = its columns, rows = its rows + 1. Headings stay. Row becomes 1
-    /// if it was 0 and there are rows. Edits are written back to the array. Null unbinds: one row, no array.
+    /// Shows an array below the headings: cols = its columns, rows = its rows + 1. Headings stay. Row becomes
+    /// 1 if it was 0 and there are rows. Edits are written back to the array. Null unbinds: one row, no
+    /// array.
     void bindToArray(std::shared_ptr<CellArray> array);
     [[nodiscard]] bool isBound() const;
 
@@ -134,7 +136,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// Typing or a drop-down is about to begin. *cancel starts false; true keeps the cell as it is. A tick raises none.
+    /// Typing or a drop-down is about to begin. *cancel starts false; true keeps the cell as it is. A tick
+    /// raises none.
     void StartEdit(int row, int col, bool* cancel);
     /// A user's edit has ended with the cell written; also after a tick and when the focus is lost.
     void AfterEdit(int row, int col);

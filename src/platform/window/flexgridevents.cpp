@@ -82,7 +82,8 @@ bool FlexGrid::actsOnCell(QKeyEvent* event)
     }
     if (event->key() == Qt::Key_F2)
         return edit(cell, EditKeyPressed, event);
-    const bool types = (characterOf(*event) != 0 && !isReturn(event->key())) || event->key() == Qt::Key_Delete;
+    const bool types =
+        (characterOf(*event) != 0 && !isReturn(event->key())) || event->key() == Qt::Key_Delete;
     return types && edit(cell, AnyKeyPressed, event);
 }
 
@@ -136,7 +137,8 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     m_pressed = cell;
     Q_EMIT DblClick();
-    if (!self || !m_pressed.isValid() || m_pressed != currentIndex() || isOnButton(m_pressed, event->position().toPoint()))
+    if (!self || !m_pressed.isValid() || m_pressed != currentIndex() ||
+        isOnButton(m_pressed, event->position().toPoint()))
         return;
     if (m_model->column(m_pressed.column()).list.isDropDown())
         m_delegate->openDropDownNext();
@@ -192,9 +194,7 @@ void FlexGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
         focusNextPrevChild(leavesForward);
 }
 
-void FlexGrid::keyboardSearch(const QString&)
-{
-}
+void FlexGrid::keyboardSearch(const QString&) {}
 
 bool FlexGrid::eventFilter(QObject* watched, QEvent* event)
 {
@@ -225,20 +225,23 @@ void FlexGrid::toggleTick(const QModelIndex& index)
 {
     const int row = index.row() + 1;
     const int col = index.column();
-    m_model->setText(row, col, isTickedText(m_model->text(row, col)) ? QStringLiteral("0") : QStringLiteral("1"));
+    m_model->setText(row, col,
+                     isTickedText(m_model->text(row, col)) ? QStringLiteral("0") : QStringLiteral("1"));
     Q_EMIT AfterEdit(row, col);
 }
 
 bool FlexGrid::isOnButton(const QModelIndex& index, QPoint position) const
 {
-    return m_editable && index.isValid() && !m_model->column(index.column()).list.isPlain()
-        && FlexDelegate::buttonRect(visualRect(index)).contains(position);
+    return m_editable && index.isValid() && !m_model->column(index.column()).list.isPlain() &&
+           FlexDelegate::buttonRect(visualRect(index)).contains(position);
 }
 
 bool FlexGrid::isOnTick(const QModelIndex& index, QPoint position) const
 {
-    const QRect reach = m_delegate->tickRect(visualRect(index)).adjusted(-kTickReach, -kTickReach, kTickReach, kTickReach);
-    return m_editable && m_model->column(index.column()).kind == CellKind::Boolean && reach.contains(position);
+    const QRect reach =
+        m_delegate->tickRect(visualRect(index)).adjusted(-kTickReach, -kTickReach, kTickReach, kTickReach);
+    return m_editable && m_model->column(index.column()).kind == CellKind::Boolean &&
+           reach.contains(position);
 }
 
 } // namespace platform

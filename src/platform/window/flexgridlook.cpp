@@ -86,7 +86,8 @@ void FlexGrid::resizeEvent(QResizeEvent* event)
 
 int FlexGrid::heightOfRows() const
 {
-    return horizontalHeader()->height() + (rows() - 1) * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
+    return horizontalHeader()->height() + (rows() - 1) * verticalHeader()->defaultSectionSize() +
+           2 * frameWidth();
 }
 
 void FlexGrid::applyWidths()
@@ -112,7 +113,8 @@ int FlexGrid::widthPixels(int col) const
     const bool followsHeading = column.kind == CellKind::Boolean || column.widthTwips == kWidthNotSet;
     if (!followsHeading)
         return std::max(pixels, 1);
-    return std::max(pixels, horizontalHeader()->fontMetrics().horizontalAdvance(m_model->text(0, col)) + kHeadingPadding);
+    return std::max(pixels, horizontalHeader()->fontMetrics().horizontalAdvance(m_model->text(0, col)) +
+                                kHeadingPadding);
 }
 
 double FlexGrid::basePixels(int col) const
@@ -122,7 +124,8 @@ double FlexGrid::basePixels(int col) const
 
 double FlexGrid::widthScale() const
 {
-    const double fontScale = std::max(1.0, fontMetrics().horizontalAdvance(QLatin1Char('0')) / kDesignDigitWidth);
+    const double fontScale =
+        std::max(1.0, fontMetrics().horizontalAdvance(QLatin1Char('0')) / kDesignDigitWidth);
     if (!m_fillsWidth)
         return fontScale;
     double wanted = 0;

@@ -16,8 +16,7 @@ FlexModel::FlexModel(QObject* parent)
     , m_columns(kFirstCols)
     , m_headings(kFirstCols)
     , m_lines(1)
-{
-}
+{}
 
 void FlexModel::setRows(int rows)
 {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The cells of a grid: own texts, or an array that it reads on demand. Row 0 is the heading and lives in the header.
-// Addresses here are always valid; the grid tests them.
+// The cells of a grid: own texts, or an array that it reads on demand. Row 0 is the heading and lives in the
+// header. Addresses here are always valid; the grid tests them.
 
 #include "platform/window/cellarray.h"
 #include "platform/window/flexcolumn.h"
@@ -30,7 +30,10 @@ public:
     void setText(int row, int col, const QString& text);
     void fill(const QString& text);
     void clearHeadings();
-    [[nodiscard]] const FlexColumn& column(int col) const { return m_columns.at(static_cast<std::size_t>(col)); }
+    [[nodiscard]] const FlexColumn& column(int col) const
+    {
+        return m_columns.at(static_cast<std::size_t>(col));
+    }
     /// Changes a column's settings and repaints it.
     template <typename Change>
     void changeColumn(int col, Change&& change)

@@ -66,8 +66,9 @@ Q_COREAPP_STARTUP_FUNCTION(startFlightWatch)
 
 bool isMoveOfFocus(Qt::FocusReason reason)
 {
-    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
-        || reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+           reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
+           reason == Qt::OtherFocusReason;
 }
 
 } // namespace

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace platform {
 
-/// True when the rules of entering or leaving a control run for this event: reasons Mouse, Tab, Backtab, Shortcut
-/// and Other, unless a `QuietFocus` stands or the focus only fled from a control hidden or disabled.
+/// True when the rules of entering or leaving a control run for this event: reasons Mouse, Tab, Backtab,
+/// Shortcut and Other, unless a `QuietFocus` stands or the focus only fled from a control hidden or disabled.
 [[nodiscard]] bool focusRuleRuns(const QFocusEvent& event);
 
 /// While one stands, focus changes run no rule.
@@ -23,7 +23,8 @@ public:
     QuietFocus& operator=(const QuietFocus&) = delete;
 };
 
-/// Gives the focus to a control. Hidden (a page not up counts) or disabled: Failure 5. Nothing when it has it.
+/// Gives the focus to a control. Hidden (a page not up counts) or disabled: Failure 5. Nothing when it has
+/// it.
 void setFocusTo(QWidget* control);
 
 } // namespace platform

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A window of the program. One object is one load: make it, show it, and drop it once it is unloaded. Neither Esc nor
-// Enter does anything by itself.
+// A window of the program. One object is one load: make it, show it, and drop it once it is unloaded. Neither
+// Esc nor Enter does anything by itself.
 
 #include <QDialog>
 
@@ -19,14 +19,16 @@ public:
 
     /// Runs `onLoad` once. The show calls do it by themselves.
     void load();
-    /// Runs `onUnload` once, if the form was loaded, and takes the window off the screen. The window's frame does
-    /// the same.
+    /// Runs `onUnload` once, if the form was loaded, and takes the window off the screen. The window's frame
+    /// does the same.
     void unload();
     [[nodiscard]] bool isLoaded() const { return m_state == State::Loaded; }
 
-    /// Shows the form and returns when it is unloaded or hidden; its parents wait. Visible already: Failure 400.
+    /// Shows the form and returns when it is unloaded or hidden; its parents wait. Visible already: Failure
+    /// 400.
     void showModal();
-    /// Shows the form and returns at once. While a modal form is up: Failure 401. Comes to the front if visible.
+    /// Shows the form and returns at once. While a modal form is up: Failure 401. Comes to the front if
+    /// visible.
     void showModeless();
 
     /// Turns the form-level view of keys on; the same object at each call.

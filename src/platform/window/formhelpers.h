@@ -15,12 +15,13 @@ namespace platform {
 inline constexpr int kDefaultPointer = 0;
 inline constexpr int kBusyPointer = 13;
 
-/// Sets the mouse pointer of one window: 13 the arrow with an hourglass, 0 the default. Not counted. Others: 380.
+/// Sets the mouse pointer of one window: 13 the arrow with an hourglass, 0 the default. Not counted. Others:
+/// 380.
 void setMousePointer(QWidget* form, int pointer);
 [[nodiscard]] int mousePointer(const QWidget* form);
 
-/// Moves to the next control in the tab order, after the present handler; dropped when `form` isn't the active
-/// window by then.
+/// Moves to the next control in the tab order, after the present handler; dropped when `form` isn't the
+/// active window by then.
 void sendTab(QWidget* form);
 
 /// Shows a dialog as window-modal and returns when it is closed. Visible already: Failure 400.

@@ -40,7 +40,8 @@ void FormKeys::remember(const QObject* target, int key)
 {
     m_target = target;
     m_key = key;
-    QMetaObject::invokeMethod(this, [this] { m_key = 0; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { m_key = 0; }, Qt::QueuedConnection);
 }
 
 } // namespace platform

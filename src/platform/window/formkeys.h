@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The form-level view of keys: every key that goes down in a window is reported once, before the control with the
-// focus gets it. Controls made later, such as cell editors, are covered.
+// The form-level view of keys: every key that goes down in a window is reported once, before the control with
+// the focus gets it. Controls made later, such as cell editors, are covered.
 
 #include <QObject>
 
@@ -29,7 +29,7 @@ private:
 
     QWidget* m_form;
     const QObject* m_target = nullptr; ///< control that the last key was meant for
-    int m_key = 0; ///< the key going down; 0 once it is up again or the event loop turns
+    int m_key = 0;                     ///< the key going down; 0 once it is up again or the event loop turns
 };
 
 } // namespace platform

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Connecting events to procedures. No failure may cross the event loop: each handler runs through `runHandler`.
+// Connecting events to procedures. No failure may cross the event loop: each handler runs through
+// `runHandler`.
 
 #include "platform/core/regime.h"
 
@@ -12,9 +13,11 @@
 
 namespace platform {
 
-/// Connects a signal to a body that takes the signal's arguments, or fewer; the body lives as long as `context`.
+/// Connects a signal to a body that takes the signal's arguments or none; the body lives as long as
+/// `context`.
 template <typename Sender, typename SenderClass, typename... SignalArgs, typename Body>
-QMetaObject::Connection handle(Sender* sender, void (SenderClass::*signal)(SignalArgs...), QObject* context, Body body)
+QMetaObject::Connection handle(Sender* sender, void (SenderClass::*signal)(SignalArgs...), QObject* context,
+                               Body body)
 {
     return QObject::connect(sender, signal, context, [body = std::move(body)](SignalArgs... args) {
         runHandler([&] {

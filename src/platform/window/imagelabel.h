@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A picture or a caption that can be clicked and tells when the mouse moves over it. It never takes the focus.
+// A picture or a caption that can be clicked and tells when the mouse moves over it. It never takes the
+// focus.
 
 #include <QLabel>
 

@@ -51,7 +51,8 @@ void ListBar::addItem(const QString& key, const QString& caption, const QIcon& i
     item->installEventFilter(this);
     m_layout->insertWidget(m_layout->count() - 1, item);
     m_items.append(item);
-    connect(item, &QToolButton::clicked, this, [this, item] { press(int(m_items.indexOf(item)), Qt::MouseFocusReason); });
+    connect(item, &QToolButton::clicked, this,
+            [this, item] { press(int(m_items.indexOf(item)), Qt::MouseFocusReason); });
     connect(item, &ListBarItem::altKeyPressed, this,
             [this, item] { press(int(m_items.indexOf(item)), Qt::ShortcutFocusReason); });
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A side bar of commands in groups. It takes the focus at a click or a key before it reports the item, so the field
-// that is left has its rule run first.
+// A side bar of commands in groups. It takes the focus at a click or a key before it reports the item, so the
+// field that is left has its rule run first.
 
 #include <QFrame>
 #include <QIcon>
@@ -23,15 +23,16 @@ public:
 
     /// Adds a group below the present ones.
     void addGroup(const QString& caption);
-    /// Adds an item to the last group (made without a caption when there is none). The caption may hold a mnemonic.
-    /// A key that is there already: Failure 35602.
+    /// Adds an item to the last group (made without a caption when there is none). The caption may hold a
+    /// mnemonic. A key that is there already: Failure 35602.
     void addItem(const QString& key, const QString& caption, const QIcon& icon = {});
     [[nodiscard]] QStringList keys() const;
     /// Acts as a click of the user on an item: focus first, then ItemClick. Unknown key: Failure 35601.
     void activate(const QString& key);
 
-    /// Whether Alt and an item's mnemonic work from anywhere in the window. Off where buttons of the window have the
-    /// same letters; the letter alone works while the bar has the focus in any case. On at the start.
+    /// Whether Alt and an item's mnemonic work from anywhere in the window. Off where buttons of the window
+    /// have the same letters; the letter alone works while the bar has the focus in any case. On at the
+    /// start.
     [[nodiscard]] bool hasAltKeys() const { return m_altKeys; }
     void setAltKeys(bool on);
 

@@ -8,6 +8,8 @@
 #include <QMouseEvent>
 #include <QTabBar>
 
+#include <utility>
+
 namespace platform {
 
 TabPages::TabPages(QWidget* parent)
@@ -31,6 +33,13 @@ void TabPages::setTabStop(bool stop)
 {
     m_tabStop = stop;
     tabBar()->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void TabPages::showEvent(QShowEvent* event)
+{
+    // The row of tabs is what takes the focus, so it bears the name.
+    tabBar()->setAccessibleName(accessibleName());
+    QTabWidget::showEvent(event);
 }
 
 void TabPages::mouseMoveEvent(QMouseEvent* event)

@@ -16,7 +16,8 @@ public:
     explicit TabPages(QWidget* parent = nullptr);
 
     [[nodiscard]] int tab() const { return currentIndex(); }
-    /// Brings a page up and raises click, unless it is up. Outside 0..count-1: Failure 380 and the page stays.
+    /// Brings a page up and raises click, unless it is up. Outside 0..count-1: Failure 380 and the page
+    /// stays.
     void setTab(int tab);
 
     /// Whether Tab stops at the row of tabs. A click on a tab takes the focus in any case.
@@ -29,6 +30,7 @@ Q_SIGNALS:
     void MouseMove();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:

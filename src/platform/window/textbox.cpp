@@ -12,8 +12,7 @@ namespace platform {
 
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent)
-{
-}
+{}
 
 void TextBox::setText(const QString& newText)
 {

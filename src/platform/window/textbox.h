@@ -18,8 +18,8 @@ public:
 
     explicit TextBox(QWidget* parent = nullptr);
 
-    /// Changes the text, cut at the input limit, and raises textChanged at once; nothing happens when the cut text
-    /// is the one that stands.
+    /// Changes the text, cut at the input limit, and raises textChanged at once; nothing happens when the cut
+    /// text is the one that stands.
     void setText(const QString& text);
 
     /// 0 left, 1 right; anything else: Failure 380.

@@ -22,8 +22,9 @@ constexpr int kIndentation = 14;
 
 bool isAllDigits(const QString& key)
 {
-    return !key.isEmpty()
-        && std::all_of(key.begin(), key.end(), [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+    return !key.isEmpty() && std::all_of(key.begin(), key.end(), [](QChar c) {
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    });
 }
 
 QString keyOf(const QTreeWidgetItem* node)
@@ -154,7 +155,8 @@ void TreeView::focusInEvent(QFocusEvent* event)
 
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
-    const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool presses =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
     if (presses && currentItem())
         reportClick(currentItem());
     else

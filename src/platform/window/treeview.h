@@ -19,8 +19,9 @@ public:
     /// Picture of an image index, used by nodes added before and after.
     void setImage(int index, const QIcon& icon);
 
-    /// Adds a node as the last child of the node with key `relative`, or as a root for "". Unknown relative: 35601;
-    /// a key that is there already: 35602; a key of digits only: 35603. An empty key gives a node without one.
+    /// Adds a node as the last child of the node with key `relative`, or as a root for "". Unknown relative:
+    /// 35601; a key that is there already: 35602; a key of digits only: 35603. An empty key gives a node
+    /// without one.
     void nodesAdd(const QString& relative, const QString& key, const QString& text, int image);
     /// Removes all nodes; none selected. Raises nothing.
     void nodesClear();

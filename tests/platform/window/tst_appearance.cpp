@@ -98,7 +98,8 @@ void AppearanceTest::messageWithoutATitleBearsTheProgramsName()
 
 void AppearanceTest::messageKeepsItsOwnTitleAndIcon()
 {
-    const SeenBox seen = show({.text = u"x"_s, .title = u"Aviso"_s, .icon = platform::MessageIcon::Information});
+    const SeenBox seen =
+        show({.text = u"x"_s, .title = u"Aviso"_s, .icon = platform::MessageIcon::Information});
 
     QCOMPARE(seen.title, u"Aviso"_s);
     QCOMPARE(seen.icon, QMessageBox::Information);

@@ -24,8 +24,7 @@ public:
     CountingArray(int columns, int rows)
         : m_columns(columns)
         , m_rows(rows)
-    {
-    }
+    {}
 
     [[nodiscard]] int columns() const override { return m_columns; }
     [[nodiscard]] int rows() const override { return m_rows; }
@@ -211,7 +210,8 @@ void FlexGridTest::nullTextFailsWith94AndTheCellStays()
 {
     grid->setText(u"antes"_s);
 
-    QCOMPARE(failureOf([&] { grid->setText(platform::Value(platform::Null{})); }), platform::kInvalidUseOfNull);
+    QCOMPARE(failureOf([&] { grid->setText(platform::Value(platform::Null{})); }),
+             platform::kInvalidUseOfNull);
     QCOMPARE(grid->text(), u"antes"_s);
 }
 

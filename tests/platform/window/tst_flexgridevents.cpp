@@ -281,7 +281,8 @@ void FlexGridEventsTest::gridThatIsNotEditableTakesNoTyping()
 void FlexGridEventsTest::afterEditComesAfterReturn()
 {
     QString textAtEvent;
-    connect(grid, &FlexGrid::AfterEdit, grid, [&](int row, int col) { textAtEvent = grid->textMatrix(row, col); });
+    connect(grid, &FlexGrid::AfterEdit, grid,
+            [&](int row, int col) { textAtEvent = grid->textMatrix(row, col); });
 
     QTest::keyClick(grid, Qt::Key_X);
     QTest::keyClick(editor(), Qt::Key_Return);
@@ -585,7 +586,8 @@ void FlexGridEventsTest::typingNeverSearches()
 void FlexGridEventsTest::mouseMoveTellsTheCell()
 {
     const QPoint place = centre(4, 2);
-    QMouseEvent move(QEvent::MouseMove, place, grid->viewport()->mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
+    QMouseEvent move(QEvent::MouseMove, place, grid->viewport()->mapToGlobal(place), Qt::NoButton,
+                     Qt::NoButton, {});
 
     QApplication::sendEvent(grid->viewport(), &move);
 

@@ -104,7 +104,8 @@ void FocusRulesTest::tabRunsTheRules()
     QTest::keyClick(first, Qt::Key_Tab);
     QTest::keyClick(second, Qt::Key_Backtab);
 
-    QCOMPARE(events, (QStringList{u"left first"_s, u"entered second"_s, u"left second"_s, u"entered first"_s}));
+    QCOMPARE(events,
+             (QStringList{u"left first"_s, u"entered second"_s, u"left second"_s, u"entered first"_s}));
 }
 
 void FocusRulesTest::clickRunsTheRules()

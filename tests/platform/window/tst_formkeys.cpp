@@ -61,7 +61,8 @@ void FormKeysTest::init()
 void FormKeysTest::formSeesTheKeyBeforeTheControl()
 {
     QString textAtKey = u"?"_s;
-    connect(form->watchKeys(), &FormKeys::keyDown, form.get(), [&](int, bool*) { textAtKey = field->text(); });
+    connect(form->watchKeys(), &FormKeys::keyDown, form.get(),
+            [&](int, bool*) { textAtKey = field->text(); });
 
     QTest::keyClick(field, Qt::Key_A);
 

@@ -66,7 +66,8 @@ void ListBarTest::init()
 ListBarItem* ListBarTest::item(const QString& key) const
 {
     const auto items = bar->findChildren<ListBarItem*>();
-    const auto found = std::find_if(items.begin(), items.end(), [&](const auto* one) { return one->key() == key; });
+    const auto found =
+        std::find_if(items.begin(), items.end(), [&](const auto* one) { return one->key() == key; });
     return found == items.end() ? nullptr : *found;
 }
 

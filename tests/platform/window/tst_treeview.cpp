@@ -66,7 +66,8 @@ void TreeViewTest::init()
 
 QPoint TreeViewTest::placeOf(const QString& text) const
 {
-    return tree->visualItemRect(tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).first()).center();
+    return tree->visualItemRect(tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).first())
+        .center();
 }
 
 void TreeViewTest::nothingIsSelectedAtFirst()
