@@ -3,12 +3,16 @@
 // The program: the look, the message boxes, the windows that the commands show, and the main window, whose
 // load is the start of the run.
 
+#include "clients/climant.h"
+#include "lookup/lisem.h"
+#include "lookup/lisemwindow.h"
 #include "platform/window/appearance.h"
 #include "shell/launch.h"
 #include "shell/stmain.h"
 #include "shell/unhandledfailure.h"
 
 #include <QApplication>
+#include <QIcon>
 
 using namespace Qt::StringLiterals;
 
@@ -22,9 +26,22 @@ QStringList argumentsOf(int count, char** values)
     return arguments;
 }
 
+void showClimantModal(QWidget* parent)
+{
+    climant window(parent);
+    window.showModal();
+}
+
+void showLisemModal(QWidget* parent)
+{
+    LISEM window(parent);
+    window.showModal();
+}
+
 STMAINLinks links()
 {
-    return {};
+    return {
+        .showClimantModal = &showClimantModal, .showLista = {}, .showListaModal = {}, .closePrintEngine = {}};
 }
 
 } // namespace
@@ -36,10 +53,12 @@ int main(int argc, char* argv[])
     int toolkitArguments = 1;
     QApplication application(toolkitArguments, argv);
     QApplication::setApplicationName(u"Orvane"_s);
+    QApplication::setWindowIcon(QIcon(u":/orvane.svg"_s));
     platform::installAppearance();
     platform::installSpanishTexts();
     platform::installMessageBox();
     shell::installUnhandledFailureBox();
+    setMuestraLISEM(&showLisemModal);
 
     STMAIN window(commandLine, links());
     window.load();
