@@ -75,6 +75,36 @@ int failureNumber(int code, Task task, const QString& message) noexcept
     }
 }
 
+/// Widens plain ASCII into `text`, whose own memory serves again where nobody shares it. False when a byte is not
+/// ASCII; `text` is then left undefined.
+bool assignAscii(QString& text, const char* bytes, int length)
+{
+    if (!text.isDetached() || text.capacity() < length)
+        text = QString(length, Qt::Uninitialized);
+    else
+        text.resize(length);
+    QChar* const target = text.data();
+    unsigned char seen = 0;
+    for (int i = 0; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        seen = static_cast<unsigned char>(seen | byte);
+        target[i] = QChar(char16_t{byte});
+    }
+    return seen < 0x80;
+}
+
+/// Most texts of a store are plain ASCII, so those go the short way.
+void assignText(Value& cell, const char* bytes, int length)
+{
+    if (!std::holds_alternative<QString>(cell))
+        cell.emplace<QString>();
+    QString& text = *std::get_if<QString>(&cell);
+    if (length == 0)
+        text = QLatin1String("");
+    else if (!assignAscii(text, bytes, length))
+        text = QString::fromUtf8(bytes, length);
+}
+
 } // namespace
 
 int lockedNumber(Task task) noexcept
@@ -195,7 +225,7 @@ void readCell(sqlite3_stmt* statement, int column, Value& cell)
     // A blob of a file made elsewhere reads as the text of its bytes.
     const void* bytes = sqlite3_column_text(statement, column);
     const int length = sqlite3_column_bytes(statement, column);
-    cell = QString::fromUtf8(static_cast<const char*>(bytes), length);
+    assignText(cell, static_cast<const char*>(bytes), length);
 }
 
 QString textAt(const Statement& statement, int column)

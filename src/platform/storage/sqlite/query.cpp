@@ -15,10 +15,11 @@ ResultSet runQuery(const Store& store, const sql::Select& select, const StoredTa
 
     ResultSet result;
     result.values.resize(written.columns.size());
+    const int first = written.wholeRows ? 1 : 0;
     Run run(statement, Task::Read);
     while (run.next()) {
         for (std::size_t i = 0; i < result.values.size(); ++i)
-            readCell(statement.get(), static_cast<int>(i) + 1, result.values[i].emplace_back());
+            readCell(statement.get(), first + static_cast<int>(i), result.values[i].emplace_back());
         if (written.wholeRows)
             result.rowIds.push_back(integerAt(statement, 0));
         ++result.rowCount;

@@ -30,7 +30,9 @@ public:
     WrittenQuery write()
     {
         m_query.wholeRows = m_select.items.size() == 1 && isAll(m_select.items.front());
-        m_query.sql = "SELECT " + quoted(m_table.definition.name) + '.' + m_table.rowId;
+        m_query.sql = "SELECT ";
+        if (m_query.wholeRows)
+            m_query.sql += rowNumber();
         for (const sql::SelectItem& item : m_select.items)
             writeItem(item);
         m_query.sql += " FROM " + quoted(m_table.definition.name);
@@ -51,7 +53,7 @@ private:
         if (const auto* all = std::get_if<sql::AllColumns>(&item.what))
             return writeAll(*all);
         const sql::Expression& expression = *std::get<sql::ExpressionPtr>(item.what);
-        m_query.sql += ", ";
+        separate();
         m_expressions.write(expression, m_query.sql);
         m_query.columns.push_back(resultColumn(expression, item.alias));
     }
@@ -61,10 +63,20 @@ private:
         if (!all.table.isEmpty() && all.table.compare(m_table.definition.name, Qt::CaseInsensitive) != 0)
             throw Failure(kInputTableNotFound, all.table);
         for (const Column& column : m_table.definition.columns) {
-            m_query.sql += ", " + quoted(m_table.definition.name) + '.' + quoted(column.name);
+            separate();
+            m_query.sql += quoted(m_table.definition.name) + '.' + quoted(column.name);
             m_query.columns.push_back(declared(column));
         }
     }
+
+    /// Puts a comma before every column but the first of all.
+    void separate()
+    {
+        if (m_query.wholeRows || !m_query.columns.empty())
+            m_query.sql += ", ";
+    }
+
+    QByteArray rowNumber() const { return quoted(m_table.definition.name) + '.' + m_table.rowId; }
 
     static ResultColumn declared(const Column& column)
     {
@@ -98,7 +110,7 @@ private:
             m_query.sql += descending ? " DESC, " : ", ";
         }
         // Equal rows come in the order of their making, or against it, so that an index can serve.
-        m_query.sql += quoted(m_table.definition.name) + '.' + m_table.rowId + (descending ? " DESC" : "");
+        m_query.sql += rowNumber() + (descending ? " DESC" : "");
     }
 
     void writeOrderItem(const sql::Expression& expression)
@@ -106,7 +118,7 @@ private:
         if (const sql::Expression* named = selected(expression))
             m_expressions.write(*named, m_query.sql);
         else if (const std::optional<std::size_t> place = position(expression))
-            m_query.sql += QByteArray::number(static_cast<qulonglong>(*place) + 1);
+            m_query.sql += QByteArray::number(static_cast<qulonglong>(*place) + (m_query.wholeRows ? 1 : 0));
         else
             m_expressions.write(expression, m_query.sql);
     }

@@ -11,7 +11,7 @@ namespace platform::storage::sqlite {
 
 struct WrittenQuery
 {
-    QByteArray sql; ///< the row number comes first, then the columns
+    QByteArray sql; ///< its columns are those below, after the row number for whole rows
     std::vector<Value> values;
     std::vector<ResultColumn> columns;
     bool wholeRows = false; ///< every column of the table, nothing else

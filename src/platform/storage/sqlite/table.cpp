@@ -31,12 +31,13 @@ QByteArray projectionText(const StoredTable& table, std::span<const int> columns
     return text + " FROM " + quoted(table.definition.name) + " WHERE " + table.rowId;
 }
 
-/// Appends the current row of a block read.
+/// Appends the current row of a block read. The cells stand there already, so that their memory serves again.
 void appendRow(const Statement& statement, RowBlock& block)
 {
+    const std::size_t start = block.rowIds.size() * block.columns.size();
     block.rowIds.push_back(integerAt(statement, 0));
     for (std::size_t i = 0; i < block.columns.size(); ++i)
-        readCell(statement.get(), static_cast<int>(i) + 1, block.cells.emplace_back());
+        readCell(statement.get(), static_cast<int>(i) + 1, block.cells[start + i]);
 }
 
 } // namespace
@@ -156,10 +157,9 @@ bool StoreTable::read(RowId id, Row& row)
 void StoreTable::readMany(std::span<const RowId> ids, std::span<const int> columns, RowBlock& block)
 {
     block.rowIds.clear();
-    block.cells.clear();
-    block.columns.assign(columns.begin(), columns.end());
     block.rowIds.reserve(ids.size());
-    block.cells.reserve(ids.size() * columns.size());
+    block.columns.assign(columns.begin(), columns.end());
+    block.cells.resize(ids.size() * columns.size());
     if (ids.empty())
         return;
     const ReadTransaction transaction(m_store);
@@ -168,6 +168,7 @@ void StoreTable::readMany(std::span<const RowId> ids, std::span<const int> colum
         readRange(statements.range, ids, block);
     else
         readSingles(statements.single, ids, block);
+    block.cells.resize(block.rowIds.size() * columns.size());
 }
 
 StoreTable::Projection& StoreTable::projection(std::span<const int> columns)
