@@ -196,7 +196,8 @@ void ClientFixture::type(const QString& name, const QString& typed)
     QWidget* widget = control<QWidget>(name);
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(widget, Qt::Key_Delete);
-    QTest::keyClicks(widget, typed);
+    for (const QChar character : typed)
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
 void ClientFixture::press(Qt::Key key)
