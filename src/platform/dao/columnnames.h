@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <array>
 #include <unordered_map>
 #include <vector>
 
@@ -32,7 +33,16 @@ private:
         bool operator()(QStringView left, QStringView right) const noexcept;
     };
 
+    /// The spellings asked for last, by their length: a program asks for the same few over and over.
+    struct Spelling
+    {
+        QString name;
+        int position = -1;
+    };
+    static constexpr std::size_t kSpellings = 16;
+
     std::unordered_map<QString, int, FoldedHash, FoldedEqual> m_positions;
+    mutable std::array<Spelling, kSpellings> m_spellings;
 };
 
 } // namespace platform::dao

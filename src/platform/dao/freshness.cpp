@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/dao/freshness.h"
 
+#include <ctime>
+
 namespace platform::dao {
 namespace {
 
@@ -13,14 +15,21 @@ void setRowFreshness(std::chrono::milliseconds duration)
     s_freshness = duration;
 }
 
+CoarseClock::time_point CoarseClock::now() noexcept
+{
+    timespec time = {};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+    return time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
+}
+
 Stamp Stamp::now(quint64 ownChanges, std::optional<quint64> version)
 {
-    return {std::chrono::steady_clock::now(), ownChanges, version};
+    return {CoarseClock::now(), ownChanges, version};
 }
 
 bool Stamp::isFresh(quint64 changesNow) const
 {
-    return ownChanges == changesNow && std::chrono::steady_clock::now() - readAt < s_freshness;
+    return ownChanges == changesNow && CoarseClock::now() - readAt < s_freshness;
 }
 
 } // namespace platform::dao

@@ -20,9 +20,21 @@ inline constexpr std::chrono::milliseconds kRowFreshness{20};
 /// Replaces `kRowFreshness` (tests); 0 looks at the file at every access.
 void setRowFreshness(std::chrono::milliseconds duration);
 
+/// A steady clock of a few milliseconds' grain, which is enough here and is asked at every field access.
+struct CoarseClock
+{
+    using duration = std::chrono::nanoseconds;
+    using rep = duration::rep;
+    using period = duration::period;
+    using time_point = std::chrono::time_point<CoarseClock>;
+    static constexpr bool is_steady = true;
+
+    [[nodiscard]] static time_point now() noexcept;
+};
+
 struct Stamp
 {
-    std::chrono::steady_clock::time_point readAt;
+    CoarseClock::time_point readAt;
     quint64 ownChanges = 0;         ///< changes made through the database object so far
     std::optional<quint64> version; ///< the store's change number at the reading, when it was asked for
 

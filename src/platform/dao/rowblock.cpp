@@ -83,7 +83,7 @@ bool ReadAhead::fetch(storage::Table& table, const WalkList& list, qsizetype pos
 {
     const std::span<const storage::RowId> ids = list.part(position, nextSize(position));
     clear();
-    m_block = {};
+    // The block keeps its memory, so that its texts are written over those of the rows before.
     table.readMany(ids, columns, m_block);
     // A row that is gone ends the run: what follows it no longer lies at its position.
     const auto differs = std::mismatch(ids.begin(), ids.end(), m_block.rowIds.begin(), m_block.rowIds.end());
