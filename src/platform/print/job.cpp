@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/print/job.h"
+
+#include "platform/print/definition/read_xml.h"
+#include "platform/system/paths.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace platform::print {
+namespace {
+
+constexpr qint64 kMaxReportBytes = 16 * 1024 * 1024;
+
+std::unique_ptr<Report> readDefinition(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile())
+        throw Problem(kReportMissing, u"no existe el informe «%1»"_s.arg(path));
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxReportBytes)
+        throw Problem(kReportRefused, u"no se puede leer el informe «%1»"_s.arg(path));
+    ReadReport read = readReport(file.readAll());
+    if (!read.report)
+        throw Problem(kReportRefused, describe(QFileInfo(path).fileName(), read.faults.front()));
+    return std::make_unique<Report>(std::move(*read.report));
+}
+
+} // namespace
+
+Job::Job(const QString& nativePath)
+    : m_path(nativePath)
+    , m_folder(QFileInfo(nativePath).path())
+    , m_report(readDefinition(nativePath))
+{
+    m_locations.emplace_back(static_cast<qsizetype>(m_report->tables.size()));
+    for (const Report& subreport : m_report->subreports)
+        m_locations.emplace_back(static_cast<qsizetype>(subreport.tables.size()));
+    window.title = m_report->name;
+    printing.title = m_report->name;
+}
+
+Job::~Job()
+{
+    delete m_preview.data();
+}
+
+Report& Job::report(int subreport)
+{
+    return subreport < 0 ? *m_report : m_report->subreports[static_cast<std::size_t>(subreport)];
+}
+
+QString Job::tablePath(int subreport, int table) const
+{
+    const QString set = m_locations[static_cast<std::size_t>(subreport + 1)][table];
+    if (!set.isEmpty())
+        return set;
+    const Report& owner = subreport < 0 ? *m_report : m_report->subreports[static_cast<std::size_t>(subreport)];
+    const QString& file = owner.tables[static_cast<std::size_t>(table)].file;
+    if (!file.startsWith(u'@'))
+        return nativePath(m_folder + u'/' + file);
+    // A subreport's "@k" names a table of the main report.
+    const QString other = tablePath(-1, file.mid(1).section(u'/', 0, 0).toInt());
+    const QString name = file.section(u'/', 1);
+    return name.isEmpty() ? other : nativePath(QFileInfo(other).path() + u'/' + name);
+}
+
+void Job::setTablePath(int subreport, int table, const QString& nativePath)
+{
+    m_locations[static_cast<std::size_t>(subreport + 1)][table] = nativePath;
+}
+
+TablePaths Job::paths(int subreport) const
+{
+    TablePaths paths;
+    for (int table = 0; table < m_locations[static_cast<std::size_t>(subreport + 1)].size(); ++table)
+        paths += tablePath(subreport, table);
+    return paths;
+}
+
+void Job::start(const QDateTime& moment, bool wait)
+{
+    if (m_state != JobState::Open)
+        throw Problem(kAlreadyStarted, u"el informe ya está en marcha"_s);
+    if (output == Output::None)
+        throw Problem(kNoOutput, u"no se ha elegido ventana ni impresora"_s);
+    if (output == Output::Printer && printerUnknown)
+        throw Problem(kPrinter, u"la impresora no existe"_s);
+    // The run binds formulas in place, so it gets a report of its own.
+    auto document = std::make_shared<Document>(std::make_unique<Report>(*m_report), m_folder, moment);
+    std::vector<TablePaths> subreports;
+    for (int i = 0; i < static_cast<int>(m_report->subreports.size()); ++i)
+        subreports.push_back(paths(i));
+    document->start(paths(-1), subreports);
+    if (wait)
+        document->makeAllPages();
+    if (output == Output::Printer)
+        m_task = std::make_unique<PrintTask>(document, printing);
+    else
+        m_preview = new PreviewWindow(document, window, printing);
+    m_document = std::move(document);
+    m_state = JobState::Running;
+    if (m_preview)
+        m_preview->show();
+    if (m_task && wait)
+        m_task->finish();
+}
+
+void Job::finishPrinting()
+{
+    if (m_task)
+        m_task->finish();
+    if (m_preview)
+        m_preview->finishPrinting();
+}
+
+JobState Job::state() const
+{
+    if (m_state != JobState::Running)
+        return m_state;
+    if (m_task)
+        return !m_task->isDone() ? JobState::Running : m_task->failed() ? JobState::Failed : JobState::Finished;
+    if (!m_preview)
+        return JobState::Finished;
+    return m_preview->wasCancelled() ? JobState::Cancelled
+        : m_document->isComplete()   ? JobState::Finished
+                                     : JobState::Running;
+}
+
+} // namespace platform::print
