@@ -148,7 +148,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event)
 void FlexGrid::focusInEvent(QFocusEvent* event)
 {
     // Not the item view's own: that would make the first cell current.
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 

@@ -178,7 +178,7 @@ QString FlexModel::look(int row, int col) const
 
 QString FlexModel::spokenText(int row, int col) const
 {
-    const QString heading = text(0, col);
+    QString heading = text(0, col);
     const QString value = look(row, col);
     if (heading.isEmpty() || column(col).kind == CellKind::Boolean)
         return heading;

@@ -103,7 +103,7 @@ QIcon lighter(const QIcon& icon)
 
 QIcon icon(Icon name)
 {
-    const QIcon ofProgram = QGuiApplication::windowIcon();
+    QIcon ofProgram = QGuiApplication::windowIcon();
     if (name == Icon::ApplicationLit)
         return lighter(icon(Icon::Application));
     if (name == Icon::Application && !ofProgram.isNull())

@@ -149,7 +149,7 @@ void TreeView::ensureNodeVisible(const QString& key)
 void TreeView::focusInEvent(QFocusEvent* event)
 {
     // Not the item view's own: that would select the first node.
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 
