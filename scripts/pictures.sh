@@ -10,23 +10,29 @@ mkdir -p "$pictures"
 
 openbox >/dev/null 2>&1 &
 manager=$!
+for _ in $(seq 1 100); do
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+    sleep 0.1
+done
 (cd "$root" && exec "$program" "$@") &
 orvane=$!
 trap 'kill "$orvane" "$manager" 2>/dev/null || true' EXIT
 
-# Waits until the program's active window carries the title given, and answers with its number.
-active_window()
+# Waits until a window with the title given is on the screen, brings it to the front and answers with its number.
+window_titled()
 {
-    local wanted=$1 window title _
+    local wanted=$1 window _
     for _ in $(seq 1 150); do
         kill -0 "$orvane" 2>/dev/null || { echo "pictures: the program has ended" >&2; exit 1; }
-        if window=$(xdotool getactivewindow 2>/dev/null); then
-            title=$(xdotool getwindowname "$window" 2>/dev/null || true)
-            case "$title" in *"$wanted"*) printf '%s\n' "$window"; return ;; esac
+        window=$(xdotool search --onlyvisible --name "$wanted" 2>/dev/null | tail -n 1)
+        if [ -n "$window" ]; then
+            xdotool windowactivate --sync "$window" 2>/dev/null || true
+            printf '%s\n' "$window"
+            return
         fi
         sleep 0.1
     done
-    echo "pictures: no active window \"$wanted\" within 15 s" >&2
+    echo "pictures: no window \"$wanted\" within 15 s" >&2
     exit 1
 }
 
@@ -36,17 +42,21 @@ picture()
     echo "$pictures/$2.png"
 }
 
-main_window=$(active_window 'Orvane - Gestión S.A.T. para Quenda')
+main_window=$(window_titled 'Orvane - Gestión S.A.T. para Quenda')
 sleep 0.5
 picture "$main_window" main-window
 
-xdotool key --clearmodifiers alt+f
-client_window=$(active_window 'Mantenimiento de Clientes S.A.T.')
+xdotool key --clearmodifiers alt+a
+sleep 0.3
+xdotool key f
+client_window=$(window_titled 'Mantenimiento de Clientes S.A.T.')
 sleep 0.5
 xdotool type --delay 20 '1'
 xdotool key Tab
 sleep 0.7
 picture "$client_window" client-identificacion
+# From the name into the first page, where Ctrl+Tab turns the pages.
+xdotool key Tab
 for page in client-adicionales client-conceptos client-consultas; do
     xdotool key ctrl+Tab
     sleep 0.4
