@@ -5,6 +5,7 @@
 #include "platform/system/clock.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/handlers.h"
+#include "platform/window/icons.h"
 #include "reports/catalogue.h"
 #include "shell/globalsat.h"
 #include "ui_lista.h"
@@ -24,6 +25,7 @@ namespace {
 
 constexpr int kMostCopies = 20;
 constexpr int kMonths = 12;
+constexpr int kPicturePixels = 32;
 
 /// The one report window of the program, while it is loaded.
 QPointer<LISTA> present;
@@ -54,12 +56,13 @@ LISTA::LISTA(QWidget* parent)
     m_readLocation.StructSize = 1026;
     m_writeLocation.StructSize = 258;
     ui->SSListBar1->addGroup(u"Impresión"_s);
-    ui->SSListBar1->addItem(u"UNO"_s, u"&Visualizar"_s, QIcon::fromTheme(u"document-print-preview"_s));
-    ui->SSListBar1->addItem(u"DOS"_s, u"&Imprimir"_s, QIcon::fromTheme(u"document-print"_s));
-    ui->SSListBar1->addItem(u"TRES"_s, u"&Enviar"_s, QIcon::fromTheme(u"mail-send"_s));
-    ui->SSListBar1->addItem(u"CUATRO"_s, u"&Salir"_s, QIcon::fromTheme(u"application-exit"_s));
+    ui->SSListBar1->addItem(u"UNO"_s, u"&Visualizar"_s, icon(Icon::Preview));
+    ui->SSListBar1->addItem(u"DOS"_s, u"&Imprimir"_s, icon(Icon::Print));
+    ui->SSListBar1->addItem(u"TRES"_s, u"&Enviar"_s, icon(Icon::Send));
+    ui->SSListBar1->addItem(u"CUATRO"_s, u"&Salir"_s, icon(Icon::Quit));
     // The buttons bear the same letters, and they are the ones in sight of the field that has the focus.
     ui->SSListBar1->setAltKeys(false);
+    ui->imgwl->setPixmap(icon(Icon::Report).pixmap(kPicturePixels, kPicturePixels));
     connectEvents();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/print/output/printers.h"
 #include "platform/system/messagebox.h"
 #include "platform/text/textfunctions.h"
+#include "platform/window/icons.h"
 #include "reports/lista.h"
 #include "ui_lista.h"
 
@@ -21,8 +22,8 @@ constexpr int kPrinterImage = 2;
 void LISTA::fillPrinterTree()
 {
     TreeView& tree = *ui->TreeView1;
-    tree.setImage(kMailImage, QIcon::fromTheme(u"mail-message"_s));
-    tree.setImage(kPrinterImage, QIcon::fromTheme(u"printer"_s));
+    tree.setImage(kMailImage, icon(Icon::Mail));
+    tree.setImage(kPrinterImage, icon(Icon::Printer));
     attempt([&] { tree.nodesAdd({}, u"I"_s, u"Impresoras"_s, kPrinterImage); });
     attempt([&] { tree.nodesAdd({}, u"E"_s, u"E-Mail"_s, kMailImage); });
     const QList<Printer> printers = Printers();
