@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/picturebox.h"
 
+#include "platform/window/icons.h"
+
 #include <QKeyEvent>
 
 namespace platform {
@@ -11,6 +13,7 @@ PictureBox::PictureBox(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAutoRaise(true);
+    setIcon(icon(Icon::Search));
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event)
