@@ -77,17 +77,18 @@ public:
     [[nodiscard]] virtual const TableDefinition& definition() const = 0;
 
     [[nodiscard]] virtual qint64 count() = 0;
-    /// Every row number in the order of the index (equal keys by row number). An empty name is the primary index,
-    /// or the order of row numbers where there is none.
+    /// Every row number in the order of the index (equal keys by row number). An empty name is the primary
+    /// index, or the order of row numbers where there is none.
     [[nodiscard]] virtual std::vector<RowId> order(const QString& index) = 0;
     /// First or last row in the order of the index, all columns in `row`; nothing when the table is empty.
     [[nodiscard]] virtual std::optional<RowId> first(const QString& index, Row& row) = 0;
     [[nodiscard]] virtual std::optional<RowId> last(const QString& index, Row& row) = 0;
-    /// First row, in index order, whose leading key columns equal `keys` (already of the columns' types). Fewer
-    /// keys than columns leave the others free. A Null key finds a Null column.
-    [[nodiscard]] virtual std::optional<RowId> seek(const QString& index, std::span<const Value> keys, Row& row) = 0;
-    /// The same where only the columns named by position are needed; `row` gets its full width, and what the other
-    /// cells hold is left open. An engine that can saves the work of reading them.
+    /// First row, in index order, whose leading key columns equal `keys` (already of the columns' types).
+    /// Fewer keys than columns leave the others free. A Null key finds a Null column.
+    [[nodiscard]] virtual std::optional<RowId> seek(const QString& index, std::span<const Value> keys,
+                                                    Row& row) = 0;
+    /// The same where only the columns named by position are needed; `row` gets its full width, and what the
+    /// other cells hold is left open. An engine that can saves the work of reading them.
     [[nodiscard]] virtual std::optional<RowId> seekColumns(const QString& index, std::span<const Value> keys,
                                                            std::span<const int> columns, Row& row)
     {
@@ -101,14 +102,15 @@ public:
 
     /// Adds a row. 3022 duplicate key, 3058 Null in the primary key, 3260 locked.
     virtual RowId insert(const Row& row) = 0;
-    /// Adds many rows for tools that fill a store; an engine that can does it in one transaction, all rows or none.
-    /// Failures as `insert`.
+    /// Adds many rows for tools that fill a store; an engine that can does it in one transaction, all rows or
+    /// none. Failures as `insert`.
     virtual void insertMany(std::span<const Row> rows)
     {
         for (const Row& row : rows)
             insert(row);
     }
-    /// Writes `changed` where the row still equals `original`. 3167 gone, 3197 changed by another, 3022, 3058, 3260.
+    /// Writes `changed` where the row still equals `original`. 3167 gone, 3197 changed by another, 3022,
+    /// 3058, 3260.
     virtual void update(RowId id, const Row& original, const Row& changed) = 0;
     /// Deletes a row. 3167 gone, 3260.
     virtual void erase(RowId id) = 0;
@@ -127,8 +129,8 @@ struct ResultSet
     std::vector<ResultColumn> columns;
     std::vector<std::vector<Value>> values; ///< [column][row]
     qint64 rowCount = 0;
-    /// Row numbers and table of a query that takes every column of one table (`t.*`), else empty: such a result
-    /// can be edited.
+    /// Row numbers and table of a query that takes every column of one table (`t.*`), else empty: such a
+    /// result can be edited.
     std::vector<RowId> rowIds;
     QString table;
 };
@@ -141,11 +143,12 @@ public:
     [[nodiscard]] virtual bool isReadOnly() const = 0;
     /// A number that changes whenever anyone, this connection included, has changed the file.
     [[nodiscard]] virtual quint64 dataVersion() = 0;
-    /// What the engine's own examination of the whole file finds wrong, one text a fault; empty when it is sound.
-    /// Changes nothing.
+    /// What the engine's own examination of the whole file finds wrong, one text a fault; empty when it is
+    /// sound. Changes nothing.
     [[nodiscard]] virtual QStringList integrityFaults() { return {}; }
 
-    /// The user's tables, in the order of their making. Reads the schema anew when another station changed it.
+    /// The user's tables, in the order of their making. Reads the schema anew when another station changed
+    /// it.
     [[nodiscard]] virtual QList<TableDefinition> tables() = 0;
     /// 3078 when there is no such table (names ignore case).
     [[nodiscard]] virtual std::unique_ptr<Table> openTable(const QString& name) = 0;
@@ -177,10 +180,11 @@ public:
     /// 3024 no file, 3044 no folder, 3049 not a database or of length 0, 3050 locked, 3051 no permission.
     [[nodiscard]] virtual std::unique_ptr<Connection> open(const QString& path, Sharing sharing) = 0;
     /// Makes an empty file and opens it, shared. 3204 the name is taken, 3044 no folder.
-    [[nodiscard]] virtual std::unique_ptr<Connection> create(const QString& path, const CreateOptions& options) = 0;
-    /// Keeps the file found beside the new one (`<name>.dañado-N`) and writes a new one with every row that can
-    /// be read. `expected` gives the tables to make when the file's own schema can't be read. 3050 when anyone
-    /// has the file open.
+    [[nodiscard]] virtual std::unique_ptr<Connection> create(const QString& path,
+                                                             const CreateOptions& options) = 0;
+    /// Keeps the file found beside the new one (`<name>.dañado-N`) and writes a new one with every row that
+    /// can be read. `expected` gives the tables to make when the file's own schema can't be read. 3050 when
+    /// anyone has the file open.
     virtual void repair(const QString& path, const QList<TableDefinition>& expected) = 0;
 };
 

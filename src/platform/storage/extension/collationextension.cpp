@@ -27,8 +27,8 @@ extern "C" {
 Q_DECL_EXPORT int sqlite3_orvanecollation_init(sqlite3* database, char**, const sqlite3_api_routines* api)
 {
     SQLITE_EXTENSION_INIT2(api)
-    return sqlite3_create_collation_v2(database, platform::storage::sqlite::kCollation, SQLITE_UTF8, nullptr, &compare,
-                                       nullptr);
+    return sqlite3_create_collation_v2(database, platform::storage::sqlite::kCollation, SQLITE_UTF8, nullptr,
+                                       &compare, nullptr);
 }
 
 } // extern "C"

@@ -11,8 +11,8 @@ namespace {
 
 bool isHiddenTable(const char* name) noexcept
 {
-    return name != nullptr
-           && (sqlite3_strnicmp(name, "sqlite_", 7) == 0 || sqlite3_stricmp(name, kMetadataTable) == 0);
+    return name != nullptr &&
+           (sqlite3_strnicmp(name, "sqlite_", 7) == 0 || sqlite3_stricmp(name, kMetadataTable) == 0);
 }
 
 int judgeQuery(int action, const char* first) noexcept

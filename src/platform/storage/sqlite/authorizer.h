@@ -29,7 +29,8 @@ private:
 class SelectOnly
 {
 public:
-    explicit SelectOnly(Authorizer& authorizer) noexcept : m_authorizer(authorizer)
+    explicit SelectOnly(Authorizer& authorizer) noexcept
+        : m_authorizer(authorizer)
     {
         authorizer.m_onlySelects = true;
     }

@@ -9,7 +9,9 @@
 
 namespace platform::storage::sqlite {
 
-StoreConnection::StoreConnection(std::unique_ptr<Store> store) : m_store(std::move(store)) {}
+StoreConnection::StoreConnection(std::unique_ptr<Store> store)
+    : m_store(std::move(store))
+{}
 
 bool StoreConnection::isReadOnly() const
 {

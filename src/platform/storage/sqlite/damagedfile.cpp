@@ -31,7 +31,8 @@ QByteArray native(const QString& path)
 void moveCompanions(const QString& from, const QString& to)
 {
     for (const char* companion : kCompanions)
-        static_cast<void>(std::rename((native(from) + companion).constData(), (native(to) + companion).constData()));
+        static_cast<void>(
+            std::rename((native(from) + companion).constData(), (native(to) + companion).constData()));
 }
 
 void removeReplacement(const QString& path)
@@ -60,7 +61,9 @@ void syncFolderOf(const QString& path)
 
 } // namespace
 
-DamagedFile::DamagedFile(const QString& path) : m_path(path), m_replacement(path + u".reparado"_s)
+DamagedFile::DamagedFile(const QString& path)
+    : m_path(path)
+    , m_replacement(path + u".reparado"_s)
 {
     removeReplacement(m_replacement);
     putAside();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The damaged file under repair: put aside under a free name, never written to, and either replaced by the new
-// file or left where it was.
+// The damaged file under repair: put aside under a free name, never written to, and either replaced by the
+// new file or left where it was.
 
 #include <QByteArray>
 #include <QString>
@@ -12,8 +12,8 @@ namespace platform::storage::sqlite {
 class DamagedFile
 {
 public:
-    /// Gives the file the first free name `<name>.dañado-N`, with the journal that a crash left beside it. Where
-    /// the file system has links it keeps its own name as well, so that no moment is without a file.
+    /// Gives the file the first free name `<name>.dañado-N`, with the journal that a crash left beside it.
+    /// Where the file system has links it keeps its own name as well, so that no moment is without a file.
     /// The caller holds the store exclusively. 3051 no permission in the folder.
     explicit DamagedFile(const QString& path);
     /// Undoes the putting aside unless `replace()` was called.

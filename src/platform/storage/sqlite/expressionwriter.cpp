@@ -147,8 +147,8 @@ void ExpressionWriter::writeNode(const sql::Call& call, QByteArray& text)
     text += " IS NULL)";
 }
 
-void ExpressionWriter::writeCall(const char* function, const sql::Expression& first, const sql::Expression* second,
-                                 QByteArray& text)
+void ExpressionWriter::writeCall(const char* function, const sql::Expression& first,
+                                 const sql::Expression* second, QByteArray& text)
 {
     text += function;
     text += '(';

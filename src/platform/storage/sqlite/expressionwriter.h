@@ -12,7 +12,9 @@ class ExpressionWriter
 {
 public:
     /// The table is borrowed.
-    explicit ExpressionWriter(const StoredTable& table) : m_table(table) {}
+    explicit ExpressionWriter(const StoredTable& table)
+        : m_table(table)
+    {}
 
     /// Appends the expression to `text`. 3061, 3085, 3075 as told at `writeQuery`.
     void write(const sql::Expression& expression, QByteArray& text);
@@ -34,7 +36,8 @@ private:
     void writeNode(const sql::IsNullTest& test, QByteArray& text);
     void writeNode(const sql::Call& call, QByteArray& text);
     void writeValue(Value value, QByteArray& text);
-    void writeCall(const char* function, const sql::Expression& first, const sql::Expression* second, QByteArray& text);
+    void writeCall(const char* function, const sql::Expression& first, const sql::Expression* second,
+                   QByteArray& text);
     void writeInfix(const sql::Binary& binary, const char* sign, QByteArray& text);
     void writeComparison(const sql::Binary& binary, const char* sign, QByteArray& text);
     void writeLike(const sql::Binary& binary, QByteArray& text);

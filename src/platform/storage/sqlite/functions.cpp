@@ -77,7 +77,8 @@ void integerFunction(sqlite3_context* context, int, sqlite3_value** arguments) n
         return;
     guarded(context, [&] {
         const bool isNumber = type == SQLITE_INTEGER || type == SQLITE_FLOAT;
-        const double number = isNumber ? sqlite3_value_double(arguments[0]) : asNumber(argumentText(arguments[0]));
+        const double number =
+            isNumber ? sqlite3_value_double(arguments[0]) : asNumber(argumentText(arguments[0]));
         sqlite3_result_double(context, std::floor(number));
     });
 }
@@ -87,8 +88,8 @@ using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 void registerFunction(sqlite3* database, const char* name, int arguments, Function function)
 {
     constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-    const int code =
-        sqlite3_create_function_v2(database, name, arguments, kFlags, nullptr, function, nullptr, nullptr, nullptr);
+    const int code = sqlite3_create_function_v2(database, name, arguments, kFlags, nullptr, function, nullptr,
+                                                nullptr, nullptr);
     if (code != SQLITE_OK)
         fail(code, database, Task::Open);
 }

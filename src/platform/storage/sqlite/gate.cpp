@@ -25,7 +25,8 @@ LockResult enterRoom(int descriptor, LockKind kind, Deadline deadline) noexcept
 
 } // namespace
 
-GatePass::GatePass(const Sidecar& sidecar, Task task, bool writes) : m_descriptor(sidecar.descriptor())
+GatePass::GatePass(const Sidecar& sidecar, Task task, bool writes)
+    : m_descriptor(sidecar.descriptor())
 {
     if (!sidecar.exists())
         return;

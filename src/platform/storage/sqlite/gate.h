@@ -15,8 +15,9 @@ namespace platform::storage::sqlite {
 /// How long turnstile and room together may take.
 inline constexpr std::chrono::milliseconds kGateWait{2000};
 
-/// A stay inside the gate, shared for reading or exclusive for writing; ends with the object. Refused, it fails
-/// with the lock failure of the task. Without a sidecar (a folder that can't be written) there is no gate.
+/// A stay inside the gate, shared for reading or exclusive for writing; ends with the object. Refused, it
+/// fails with the lock failure of the task. Without a sidecar (a folder that can't be written) there is no
+/// gate.
 class GatePass
 {
 public:

@@ -30,13 +30,14 @@ int constraintNumber(int extendedCode) noexcept
     }
 }
 
-/// Errors of the text of a statement. The tree was checked before, so these come from a structure that another
-/// station changed meanwhile, or from a function that refused its argument.
+/// Errors of the text of a statement. The tree was checked before, so these come from a structure that
+/// another station changed meanwhile, or from a function that refused its argument.
 int textErrorNumber(const QString& message) noexcept
 {
     if (message.startsWith(QLatin1String("no such table")))
         return kInputTableNotFound;
-    if (message.startsWith(QLatin1String("no such column")) || message.contains(QLatin1String("has no column named")))
+    if (message.startsWith(QLatin1String("no such column")) ||
+        message.contains(QLatin1String("has no column named")))
         return kItemNotInCollection;
     if (message.startsWith(QLatin1String("no such index")))
         return kNoSuchIndex;
@@ -75,8 +76,8 @@ int failureNumber(int code, Task task, const QString& message) noexcept
     }
 }
 
-/// Widens plain ASCII into `text`, whose own memory serves again where nobody shares it. False when a byte is not
-/// ASCII; `text` is then left undefined.
+/// Widens plain ASCII into `text`, whose own memory serves again where nobody shares it. False when a byte is
+/// not ASCII; `text` is then left undefined.
 bool assignAscii(QString& text, const char* bytes, int length)
 {
     if (!text.isDetached() || text.capacity() < length)
@@ -125,7 +126,8 @@ void fail(int code, sqlite3* database, Task task)
 {
     if ((code & 0xff) == SQLITE_NOMEM)
         throw std::bad_alloc();
-    const QString message = QString::fromUtf8(database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code));
+    const QString message =
+        QString::fromUtf8(database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code));
     throw Failure(failureNumber(code, task, message), message);
 }
 
@@ -136,7 +138,9 @@ QByteArray quoted(const QString& name)
     return '"' + text + '"';
 }
 
-Database::Database(sqlite3* handle) : m_handle(handle) {}
+Database::Database(sqlite3* handle)
+    : m_handle(handle)
+{}
 
 void Database::Close::operator()(sqlite3* handle) const noexcept
 {

@@ -61,8 +61,8 @@ public:
     [[nodiscard]] explicit operator bool() const noexcept { return m_statement != nullptr; }
     [[nodiscard]] sqlite3_stmt* get() const noexcept { return m_statement.get(); }
 
-    /// Binds parameter `position` (from 1). Whole numbers are bound as integers, so that a text column compares
-    /// them without a decimal point.
+    /// Binds parameter `position` (from 1). Whole numbers are bound as integers, so that a text column
+    /// compares them without a decimal point.
     void bind(int position, const Value& value);
     void bind(int position, qint64 number);
 
@@ -83,7 +83,10 @@ private:
 class Run
 {
 public:
-    Run(Statement& statement, Task task) noexcept : m_statement(statement), m_task(task) {}
+    Run(Statement& statement, Task task) noexcept
+        : m_statement(statement)
+        , m_task(task)
+    {}
     ~Run() { m_statement.reset(); }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;

@@ -63,7 +63,8 @@ Statement& IndexAccess::seek(std::span<const Value> keys, std::span<const int> c
 {
     requireKeys(keys.size());
     Projected& known = m_seekSome[keys.size()];
-    if (!known.statement || !std::equal(known.columns.begin(), known.columns.end(), columns.begin(), columns.end())) {
+    if (!known.statement ||
+        !std::equal(known.columns.begin(), known.columns.end(), columns.begin(), columns.end())) {
         QByteArray text = m_table.rowId;
         for (const int column : columns)
             text += ", " + quoted(m_table.definition.columns.at(column).name);
@@ -87,7 +88,8 @@ Statement IndexAccess::prepare(const QByteArray& columns, const QByteArray& rest
     if (m_index == nullptr)
         return m_store.prepare(head + rest, Task::Read);
     try {
-        return m_store.prepare(head + " INDEXED BY " + quoted(m_table.storedName(*m_index)) + rest, Task::Read);
+        return m_store.prepare(head + " INDEXED BY " + quoted(m_table.storedName(*m_index)) + rest,
+                               Task::Read);
     } catch (const Failure& failure) {
         // An index made elsewhere may sort otherwise than its columns do and so not serve.
         if (failure.number() != kSyntaxError)
@@ -110,7 +112,8 @@ QByteArray IndexAccess::keyText(std::size_t count, const char* comparison) const
 {
     QByteArray text;
     for (std::size_t i = 0; i < count; ++i)
-        text += (i == 0 ? " WHERE " : " AND ") + quoted(m_index->columns.at(static_cast<qsizetype>(i))) + comparison;
+        text += (i == 0 ? " WHERE " : " AND ") + quoted(m_index->columns.at(static_cast<qsizetype>(i))) +
+                comparison;
     return text;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The prepared statements that read a table in the order of one index. Each is prepared when it is first needed
-// and kept; all are to be used within a reading.
+// The prepared statements that read a table in the order of one index. Each is prepared when it is first
+// needed and kept; all are to be used within a reading.
 
 #include "platform/storage/sqlite/schema.h"
 #include "platform/storage/sqlite/store.h"
@@ -23,7 +23,8 @@ public:
     /// Row number and all columns of the first or last row.
     [[nodiscard]] Statement& first();
     [[nodiscard]] Statement& last();
-    /// Row number and all columns of the first row under the keys, which are bound already. 3001 too many keys.
+    /// Row number and all columns of the first row under the keys, which are bound already. 3001 too many
+    /// keys.
     [[nodiscard]] Statement& seek(std::span<const Value> keys);
     /// Row number and the columns named by position of that row. No key may be Null.
     [[nodiscard]] Statement& seek(std::span<const Value> keys, std::span<const int> columns);

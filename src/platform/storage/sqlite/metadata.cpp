@@ -46,10 +46,11 @@ void write(const Database& database, const Note& note)
 {
     makeMetadataTable(database);
     Statement forget(database.get(),
-                     QByteArray("DELETE FROM ") + kMetadataTable
-                         + " WHERE kind = ?1 AND owner = ?2 AND item = ?3 AND property = ?4",
+                     QByteArray("DELETE FROM ") + kMetadataTable +
+                         " WHERE kind = ?1 AND owner = ?2 AND item = ?3 AND property = ?4",
                      Task::Structure);
-    Statement insert(database.get(), QByteArray("INSERT INTO ") + kMetadataTable + " VALUES(?1, ?2, ?3, ?4, ?5)",
+    Statement insert(database.get(),
+                     QByteArray("INSERT INTO ") + kMetadataTable + " VALUES(?1, ?2, ?3, ?4, ?5)",
                      Task::Structure);
     insert.bind(5, note.value);
     for (Statement* statement : {&forget, &insert}) {
@@ -65,7 +66,8 @@ void forget(const Database& database, QLatin1String kind, const QString& owner, 
 {
     makeMetadataTable(database);
     Statement statement(database.get(),
-                        QByteArray("DELETE FROM ") + kMetadataTable + " WHERE kind = ?1 AND owner = ?2 AND item = ?3",
+                        QByteArray("DELETE FROM ") + kMetadataTable +
+                            " WHERE kind = ?1 AND owner = ?2 AND item = ?3",
                         Task::Structure);
     statement.bind(1, QString(kind));
     statement.bind(2, owner);
@@ -83,12 +85,13 @@ double flag(bool value)
 Metadata::Metadata(const Database& database)
 {
     // A table of another shape is none of ours and tells nothing.
-    const QByteArray columns = QByteArray("SELECT count(*) FROM pragma_table_info('") + kMetadataTable
-                               + "') WHERE name IN ('kind', 'owner', 'item', 'property', 'value')";
+    const QByteArray columns = QByteArray("SELECT count(*) FROM pragma_table_info('") + kMetadataTable +
+                               "') WHERE name IN ('kind', 'owner', 'item', 'property', 'value')";
     if (database.number(columns, Task::Read) != 5)
         return;
     Statement statement(database.get(),
-                        QByteArray("SELECT kind, owner, item, property, value FROM ") + kMetadataTable, Task::Read);
+                        QByteArray("SELECT kind, owner, item, property, value FROM ") + kMetadataTable,
+                        Task::Read);
     Run run(statement, Task::Read);
     while (run.next()) {
         const QString name = textAt(statement, 3);
@@ -99,7 +102,8 @@ Metadata::Metadata(const Database& database)
     }
 }
 
-Value Metadata::property(QLatin1String kind, const QString& owner, const QString& item, QLatin1String name) const
+Value Metadata::property(QLatin1String kind, const QString& owner, const QString& item,
+                         QLatin1String name) const
 {
     return m_properties.value(key(kind, owner, item, name));
 }
@@ -140,10 +144,11 @@ bool Metadata::isPrimary(const QString& table, const QString& index, const QStri
 
 void makeMetadataTable(const Database& database)
 {
-    database.execute(QByteArray("CREATE TABLE IF NOT EXISTS ") + kMetadataTable
-                         + "(kind TEXT NOT NULL, owner TEXT NOT NULL COLLATE NOCASE, item TEXT NOT NULL COLLATE NOCASE,"
-                           " property TEXT NOT NULL, value)",
-                     Task::Structure);
+    database.execute(
+        QByteArray("CREATE TABLE IF NOT EXISTS ") + kMetadataTable +
+            "(kind TEXT NOT NULL, owner TEXT NOT NULL COLLATE NOCASE, item TEXT NOT NULL COLLATE NOCASE,"
+            " property TEXT NOT NULL, value)",
+        Task::Structure);
 }
 
 void makeMetadata(const Database& database, const CreateOptions& options)

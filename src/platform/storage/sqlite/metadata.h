@@ -35,7 +35,8 @@ public:
     /// True, too, for a column that nothing is noted of.
     [[nodiscard]] bool allowsZeroLength(const QString& table, const QString& column) const;
     /// Whether the index was made the primary one with exactly these columns.
-    [[nodiscard]] bool isPrimary(const QString& table, const QString& index, const QStringList& columns) const;
+    [[nodiscard]] bool isPrimary(const QString& table, const QString& index,
+                                 const QStringList& columns) const;
 
 private:
     [[nodiscard]] Value property(QLatin1String kind, const QString& owner, const QString& item,

@@ -84,8 +84,9 @@ void configure(const Database& database)
     for (const int option : {SQLITE_DBCONFIG_DQS_DML, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_TRUSTED_SCHEMA,
                              SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
         sqlite3_db_config(handle, option, 0, nullptr);
-    for (const char* pragma : {"PRAGMA synchronous = EXTRA", "PRAGMA mmap_size = 0", "PRAGMA temp_store = MEMORY",
-                               "PRAGMA cell_size_check = ON", "PRAGMA fullfsync = ON"})
+    for (const char* pragma :
+         {"PRAGMA synchronous = EXTRA", "PRAGMA mmap_size = 0", "PRAGMA temp_store = MEMORY",
+          "PRAGMA cell_size_check = ON", "PRAGMA fullfsync = ON"})
         database.execute(pragma, Task::Open);
 }
 
@@ -109,8 +110,8 @@ QByteArray headerOf(const Database& database)
     return header;
 }
 
-/// A file that another tool left with a write-ahead log is brought back to the rollback journal, since that log
-/// can't be shared between machines. It fails with 3050 while that tool still has it open.
+/// A file that another tool left with a write-ahead log is brought back to the rollback journal, since that
+/// log can't be shared between machines. It fails with 3050 while that tool still has it open.
 void leaveWriteAheadLog(const Database& database)
 {
     constexpr int kWriteVersion = 18;
@@ -125,16 +126,17 @@ void leaveWriteAheadLog(const Database& database)
         throw Failure(kCouldNotLockFile, u"the file is in use with a write-ahead log"_s);
 }
 
-/// Reads the structure and one row by every table and index, so that a file whose roots are damaged is refused
-/// here, where it can still be repaired, and not in the middle of the work.
+/// Reads the structure and one row by every table and index, so that a file whose roots are damaged is
+/// refused here, where it can still be repaired, and not in the middle of the work.
 void requireSound(const Database& database)
 {
     for (const StoredTable& table : readSchema(database)) {
         const QByteArray from = "SELECT 1 FROM " + quoted(table.definition.name);
         static_cast<void>(database.number(from + " ORDER BY " + table.rowId + " DESC LIMIT 1", Task::Open));
         for (const QString& index : table.indexNames)
-            static_cast<void>(database.number("SELECT count(*) FROM (SELECT 1 FROM " + quoted(table.definition.name)
-                                                  + " INDEXED BY " + quoted(index) + " LIMIT 1)",
+            static_cast<void>(database.number("SELECT count(*) FROM (SELECT 1 FROM " +
+                                                  quoted(table.definition.name) + " INDEXED BY " +
+                                                  quoted(index) + " LIMIT 1)",
                                               Task::Open));
     }
 }
@@ -144,7 +146,8 @@ void requireFreeName(const QString& path)
     const QFileInfo info(path);
     if (!folderExists(path))
         throw Failure(kPathNotValid, path);
-    const QStringList taken = QDir(info.absolutePath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
+    const QStringList taken =
+        QDir(info.absolutePath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
     if (taken.contains(info.fileName(), Qt::CaseInsensitive))
         throw Failure(kDatabaseAlreadyExists, path);
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// How a store file is opened and made. Nothing here opens a store by plain input or output while SQLite may have
-// it open: closing a plain descriptor would drop SQLite's locks on it.
+// How a store file is opened and made. Nothing here opens a store by plain input or output while SQLite may
+// have it open: closing a plain descriptor would drop SQLite's locks on it.
 
 #include "platform/storage/sqlite/store.h"
 #include "platform/storage/storage.h"

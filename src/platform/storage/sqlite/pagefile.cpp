@@ -62,7 +62,8 @@ std::size_t localLength(quint64 payload, std::size_t usable) noexcept
 
 } // namespace
 
-PageFile::PageFile(QByteArray bytes) : m_bytes(std::move(bytes))
+PageFile::PageFile(QByteArray bytes)
+    : m_bytes(std::move(bytes))
 {
     const std::span<const unsigned char> raw = unsignedBytes(m_bytes);
     m_encoding = headerEncoding(raw);

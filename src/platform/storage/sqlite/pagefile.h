@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The pages of a damaged SQLite file, read without SQLite. Nothing in the bytes is trusted: every offset, length
-// and page number is checked, and the work is bounded whatever they say.
+// The pages of a damaged SQLite file, read without SQLite. Nothing in the bytes is trusted: every offset,
+// length and page number is checked, and the work is bounded whatever they say.
 
 #include "platform/core/value.h"
 
@@ -56,8 +56,10 @@ private:
     /// Where in the page its tree header begins: after the file's header on page 1.
     [[nodiscard]] static std::size_t treeOffset(quint32 page) noexcept { return page == 1 ? 100 : 0; }
     [[nodiscard]] std::vector<std::size_t> cellOffsets(quint32 page, std::size_t headerLength) const;
-    [[nodiscard]] std::optional<SalvagedRow> rowAt(Bytes page, std::size_t offset, Allowance& allowance) const;
-    [[nodiscard]] bool followOverflow(quint32 page, quint64 wanted, QByteArray& payload, Allowance& allowance) const;
+    [[nodiscard]] std::optional<SalvagedRow> rowAt(Bytes page, std::size_t offset,
+                                                   Allowance& allowance) const;
+    [[nodiscard]] bool followOverflow(quint32 page, quint64 wanted, QByteArray& payload,
+                                      Allowance& allowance) const;
 
     QByteArray m_bytes;
     quint32 m_pageSize = 0;

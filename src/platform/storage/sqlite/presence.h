@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Who has a store open. An idle SQLite connection holds no lock, so an exclusive opening needs a lock of ours:
-// on the presence byte of the sidecar, from the opening to the closing of the descriptor.
+// Who has a store open. An idle SQLite connection holds no lock, so an exclusive opening needs a lock of
+// ours: on the presence byte of the sidecar, from the opening to the closing of the descriptor.
 
 #include "platform/storage/sqlite/sidecar.h"
 #include "platform/storage/storage.h"

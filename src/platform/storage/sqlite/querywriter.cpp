@@ -24,8 +24,7 @@ public:
         : m_select(select)
         , m_table(table)
         , m_expressions(table)
-    {
-    }
+    {}
 
     WrittenQuery write()
     {
@@ -46,7 +45,10 @@ public:
     }
 
 private:
-    static bool isAll(const sql::SelectItem& item) { return std::holds_alternative<sql::AllColumns>(item.what); }
+    static bool isAll(const sql::SelectItem& item)
+    {
+        return std::holds_alternative<sql::AllColumns>(item.what);
+    }
 
     void writeItem(const sql::SelectItem& item)
     {
@@ -127,7 +129,8 @@ private:
     const sql::Expression* selected(const sql::Expression& expression) const
     {
         const auto* reference = std::get_if<sql::ColumnRef>(&expression.node);
-        if (reference == nullptr || !reference->table.isEmpty() || m_expressions.column(*reference) != nullptr)
+        if (reference == nullptr || !reference->table.isEmpty() ||
+            m_expressions.column(*reference) != nullptr)
             return nullptr;
         for (const sql::SelectItem& item : m_select.items) {
             if (!isAll(item) && item.alias.compare(reference->column, Qt::CaseInsensitive) == 0)
@@ -140,8 +143,8 @@ private:
     std::optional<std::size_t> position(const sql::Expression& expression) const
     {
         const auto* literal = std::get_if<sql::NumberLiteral>(&expression.node);
-        if (literal == nullptr || std::trunc(literal->number) != literal->number || literal->number < 1
-            || literal->number > static_cast<double>(m_query.columns.size()))
+        if (literal == nullptr || std::trunc(literal->number) != literal->number || literal->number < 1 ||
+            literal->number > static_cast<double>(m_query.columns.size()))
             return std::nullopt;
         return static_cast<std::size_t>(literal->number);
     }

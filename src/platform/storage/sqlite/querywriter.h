@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Writes a parsed query anew in SQLite's language. Every name is looked up in the schema first, every text goes
-// as a bound value, so nothing of the original text ever reaches SQLite.
+// Writes a parsed query anew in SQLite's language. Every name is looked up in the schema first, every text
+// goes as a bound value, so nothing of the original text ever reaches SQLite.
 
 #include "platform/dao/sql/ast.h"
 #include "platform/storage/sqlite/schema.h"

@@ -105,7 +105,8 @@ private:
 
 LockResult refusal(int error) noexcept
 {
-    return error == EAGAIN || error == EACCES || error == EINTR ? LockResult::Refused : LockResult::Unavailable;
+    return error == EAGAIN || error == EACCES || error == EINTR ? LockResult::Refused
+                                                                : LockResult::Unavailable;
 }
 
 } // namespace

@@ -26,13 +26,15 @@ struct Varint
 };
 
 /// The packed number at `offset`, nothing when the bytes end before it does.
-[[nodiscard]] std::optional<Varint> readVarint(std::span<const unsigned char> bytes, std::size_t offset) noexcept;
+[[nodiscard]] std::optional<Varint> readVarint(std::span<const unsigned char> bytes,
+                                               std::size_t offset) noexcept;
 
 /// A number of `length` bytes (1 to 8), highest byte first. The caller has checked the bounds.
 [[nodiscard]] quint64 readBigEndian(std::span<const unsigned char> bytes, std::size_t offset,
                                     std::size_t length) noexcept;
 
 /// The values of a row. Nothing unless header and values fill the payload exactly, as SQLite writes them.
-[[nodiscard]] std::optional<std::vector<Value>> decodeRecord(std::span<const unsigned char> payload, int encoding);
+[[nodiscard]] std::optional<std::vector<Value>> decodeRecord(std::span<const unsigned char> payload,
+                                                             int encoding);
 
 } // namespace platform::storage::sqlite

@@ -28,8 +28,7 @@ public:
         : m_table(table)
         , m_result(result)
         , m_insert(database.get(), insertText(table.definition), Task::Write)
-    {
-    }
+    {}
 
     void fill(const PageFile& file)
     {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Repair of a damaged store: the file found is kept, byte for byte, beside a new one that holds every row that
-// could be read.
+// Repair of a damaged store: the file found is kept, byte for byte, beside a new one that holds every row
+// that could be read.
 
 #include "platform/storage/storage.h"
 

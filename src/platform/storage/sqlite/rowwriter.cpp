@@ -28,7 +28,10 @@ std::vector<int> differing(const Row& original, const Row& changed)
 
 } // namespace
 
-RowWriter::RowWriter(Store& store, const StoredTable& table) : m_store(store), m_table(table) {}
+RowWriter::RowWriter(Store& store, const StoredTable& table)
+    : m_store(store)
+    , m_table(table)
+{}
 
 void RowWriter::requireWhole(const Row& row) const
 {
@@ -57,8 +60,8 @@ void RowWriter::add(const Row& row)
             columns += (columns.isEmpty() ? "" : ", ") + quoted(column.name);
             places += places.isEmpty() ? "?" : ", ?";
         }
-        m_insert = m_store.prepare("INSERT INTO " + quoted(m_table.definition.name) + "(" + columns + ") VALUES("
-                                       + places + ")",
+        m_insert = m_store.prepare("INSERT INTO " + quoted(m_table.definition.name) + "(" + columns +
+                                       ") VALUES(" + places + ")",
                                    Task::Write);
     }
     for (std::size_t i = 0; i < row.size(); ++i)
@@ -111,8 +114,8 @@ void RowWriter::update(RowId id, const Row& original, const Row& changed)
 void RowWriter::requireUnchanged(RowId id, const Row& original)
 {
     if (!m_read) {
-        m_read = m_store.prepare("SELECT " + allColumns(m_table) + " FROM " + quoted(m_table.definition.name)
-                                     + " WHERE " + m_table.rowId + " = ?",
+        m_read = m_store.prepare("SELECT " + allColumns(m_table) + " FROM " +
+                                     quoted(m_table.definition.name) + " WHERE " + m_table.rowId + " = ?",
                                  Task::Write);
     }
     m_read.bind(1, id);
@@ -137,8 +140,8 @@ Statement& RowWriter::updateOf(const std::vector<int>& columns)
     QByteArray text;
     for (const int column : columns)
         text += (text.isEmpty() ? "" : ", ") + quoted(m_table.definition.columns.at(column).name) + " = ?";
-    statement = m_store.prepare("UPDATE " + quoted(m_table.definition.name) + " SET " + text + " WHERE "
-                                    + m_table.rowId + " = ?",
+    statement = m_store.prepare("UPDATE " + quoted(m_table.definition.name) + " SET " + text + " WHERE " +
+                                    m_table.rowId + " = ?",
                                 Task::Write);
     return statement;
 }
@@ -147,8 +150,8 @@ void RowWriter::erase(RowId id)
 {
     Writing writing(m_store, Task::Write);
     if (!m_erase) {
-        m_erase = m_store.prepare("DELETE FROM " + quoted(m_table.definition.name) + " WHERE " + m_table.rowId
-                                      + " = ?",
+        m_erase = m_store.prepare("DELETE FROM " + quoted(m_table.definition.name) + " WHERE " +
+                                      m_table.rowId + " = ?",
                                   Task::Write);
     }
     m_erase.bind(1, id);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Writing of single rows, each one durable transaction: what was read is compared with what stands there now, so
-// that nobody's change is lost unseen.
+// Writing of single rows, each one durable transaction: what was read is compared with what stands there now,
+// so that nobody's change is lost unseen.
 
 #include "platform/storage/sqlite/schema.h"
 #include "platform/storage/sqlite/store.h"

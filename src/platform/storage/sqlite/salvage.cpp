@@ -79,8 +79,7 @@ public:
     explicit Search(const PageFile& file)
         : m_file(file)
         , m_owned(static_cast<std::size_t>(file.pageCount()) + 1, false)
-    {
-    }
+    {}
 
     /// The rows of the schema, orphan pages included where its tree is broken.
     std::vector<SchemaRow> schemaRows()
@@ -295,7 +294,8 @@ Salvage salvageTables(const PageFile& file, const QList<TableDefinition>& expect
 
     Salvage salvage{{}, schema.options()};
     for (Owner& owner : owners)
-        salvage.tables.push_back({owner.definition, schema.rowIdColumn(owner.definition), std::move(owner.leaves)});
+        salvage.tables.push_back(
+            {owner.definition, schema.rowIdColumn(owner.definition), std::move(owner.leaves)});
     return salvage;
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 // What a damaged file still holds: its tables, and for each the leaf pages whose rows belong to it. Trees are
-// walked from their roots as far as they hold together; leaf pages that no tree reaches and no free list names
-// go to a table with a broken tree whose columns their rows fit.
+// walked from their roots as far as they hold together; leaf pages that no tree reaches and no free list
+// names go to a table with a broken tree whose columns their rows fit.
 
 #include "platform/storage/sqlite/pagefile.h"
 #include "platform/storage/storage.h"
@@ -15,7 +15,7 @@ namespace platform::storage::sqlite {
 struct SalvagedTable
 {
     TableDefinition definition;
-    int rowIdColumn = -1;        ///< column that is only another name of the row number; -1 when there is none
+    int rowIdColumn = -1; ///< column that is only another name of the row number; -1 when there is none
     std::vector<quint32> leaves; ///< pages with its rows
 };
 
@@ -25,7 +25,8 @@ struct Salvage
     CreateOptions options;
 };
 
-/// `expected` stands in for tables that the file's own schema doesn't tell any more, and completes their indexes.
+/// `expected` stands in for tables that the file's own schema doesn't tell any more, and completes their
+/// indexes.
 [[nodiscard]] Salvage salvageTables(const PageFile& file, const QList<TableDefinition>& expected);
 
 } // namespace platform::storage::sqlite

@@ -33,7 +33,8 @@ int allowMaking(void*, int action, const char*, const char*, const char*, const 
 Database openMemory()
 {
     sqlite3* handle = nullptr;
-    const int code = sqlite3_open_v2(":memory:", &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code =
+        sqlite3_open_v2(":memory:", &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     Database database(handle);
     if (code != SQLITE_OK)
         fail(code, handle, Task::Open);
@@ -64,15 +65,16 @@ std::optional<SchemaRow> schemaRowOf(const std::vector<Value>& values)
     const auto* name = std::get_if<QString>(&values[1]);
     const auto* root = std::get_if<double>(&values[3]);
     const auto* sql = std::get_if<QString>(&values[4]);
-    const bool isRow = type != nullptr && name != nullptr && root != nullptr && sql != nullptr
-                       && (*type == "table"_L1 || *type == "index"_L1) && *root >= 0 && *root <= kMostPages
-                       && makesTableOrIndex(*sql);
+    const bool isRow = type != nullptr && name != nullptr && root != nullptr && sql != nullptr &&
+                       (*type == "table"_L1 || *type == "index"_L1) && *root >= 0 && *root <= kMostPages &&
+                       makesTableOrIndex(*sql);
     if (!isRow)
         return std::nullopt;
     return SchemaRow{*type, *name, static_cast<quint32>(*root), *sql};
 }
 
-SalvagedSchema::SalvagedSchema() : m_memory(openMemory())
+SalvagedSchema::SalvagedSchema()
+    : m_memory(openMemory())
 {
     makeMetadataTable(m_memory);
 }
@@ -92,7 +94,8 @@ void SalvagedSchema::add(const SchemaRow& row)
 void SalvagedSchema::addMetadata(const std::vector<Value>& values)
 {
     try {
-        Statement statement(m_memory.get(), QByteArray("INSERT INTO ") + kMetadataTable + " VALUES(?, ?, ?, ?, ?)",
+        Statement statement(m_memory.get(),
+                            QByteArray("INSERT INTO ") + kMetadataTable + " VALUES(?, ?, ?, ?, ?)",
                             Task::Read);
         for (std::size_t i = 0; i < values.size(); ++i)
             statement.bind(static_cast<int>(i) + 1, values[i]);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The schema of a damaged file: what its schema rows say is made anew in an empty database in memory, which then
-// tells tables, types and indexes as for any store.
+// The schema of a damaged file: what its schema rows say is made anew in an empty database in memory, which
+// then tells tables, types and indexes as for any store.
 
 #include "platform/storage/sqlite/handle.h"
 #include "platform/storage/sqlite/pagefile.h"

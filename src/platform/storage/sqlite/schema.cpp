@@ -84,7 +84,8 @@ void readIndexes(const Database& database, const Metadata& metadata, StoredTable
     const QString& owner = table.definition.name;
     // Their list comes with the youngest first.
     Statement statement = bound(
-        database, "SELECT name, \"unique\", origin FROM pragma_index_list(?1) WHERE partial = 0 ORDER BY seq DESC",
+        database,
+        "SELECT name, \"unique\", origin FROM pragma_index_list(?1) WHERE partial = 0 ORDER BY seq DESC",
         owner);
     Run run(statement, Task::Read);
     while (run.next()) {
@@ -133,7 +134,8 @@ Column columnOfDeclaredType(const QString& name, const QString& declaredType)
         }
         return column;
     }
-    const bool isNumber = holdsAny(declaredType, {"INT"_L1, "REAL"_L1, "DOUB"_L1, "FLOA"_L1, "NUM"_L1, "DEC"_L1});
+    const bool isNumber =
+        holdsAny(declaredType, {"INT"_L1, "REAL"_L1, "DOUB"_L1, "FLOA"_L1, "NUM"_L1, "DEC"_L1});
     if (isNumber) {
         column.type = ColumnType::Number;
         column.allowZeroLength = false;
@@ -164,12 +166,12 @@ QList<StoredTable> readSchema(const Database& database)
 {
     QStringList names;
     {
-        Statement statement =
-            bound(database,
-                  "SELECT m.name FROM sqlite_master AS m JOIN pragma_table_list AS l ON l.schema = 'main'"
-                  " AND l.name = m.name WHERE m.type = 'table' AND l.type = 'table' AND l.wr = 0"
-                  " AND m.name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND m.name <> ?1 COLLATE NOCASE ORDER BY m.rowid",
-                  QString::fromLatin1(kMetadataTable));
+        Statement statement = bound(
+            database,
+            "SELECT m.name FROM sqlite_master AS m JOIN pragma_table_list AS l ON l.schema = 'main'"
+            " AND l.name = m.name WHERE m.type = 'table' AND l.type = 'table' AND l.wr = 0"
+            " AND m.name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND m.name <> ?1 COLLATE NOCASE ORDER BY m.rowid",
+            QString::fromLatin1(kMetadataTable));
         Run run(statement, Task::Read);
         while (run.next())
             names.append(textAt(statement, 0));

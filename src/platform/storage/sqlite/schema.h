@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A store's tables as SQLite's own schema tells them, annotated by the metadata. Works as well for a file made
-// with another tool: types and sizes come from the declared types, indexes are as they are.
+// A store's tables as SQLite's own schema tells them, annotated by the metadata. Works as well for a file
+// made with another tool: types and sizes come from the declared types, indexes are as they are.
 
 #include "platform/storage/sqlite/handle.h"
 #include "platform/storage/storage.h"

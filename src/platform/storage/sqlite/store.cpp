@@ -33,8 +33,7 @@ Store::Store(std::unique_ptr<Sidecar> sidecar, Database database, std::unique_pt
     , m_authorizer(std::move(authorizer))
     , m_database(std::move(database))
     , m_readOnly(!m_sidecar->isWritable() || sqlite3_db_readonly(m_database.get(), "main") == 1)
-{
-}
+{}
 
 Statement Store::prepare(const QByteArray& sql, Task task) const
 {
@@ -58,7 +57,9 @@ qint64 Store::structureNumber()
     return run.next() ? integerAt(m_schemaVersion, 0) : 0;
 }
 
-Reading::Reading(const Store& store, Task task) : m_pass(GatePass::forReading(store.sidecar(), task)) {}
+Reading::Reading(const Store& store, Task task)
+    : m_pass(GatePass::forReading(store.sidecar(), task))
+{}
 
 ReadTransaction::ReadTransaction(const Store& store)
     : m_store(store)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// An open store file: its sidecar with the presence lock, its SQLite handle, and the two ways of getting at the
-// rows, each behind the gate: a `Reading` and a `Writing`.
+// An open store file: its sidecar with the presence lock, its SQLite handle, and the two ways of getting at
+// the rows, each behind the gate: a `Reading` and a `Writing`.
 
 #include "platform/storage/sqlite/authorizer.h"
 #include "platform/storage/sqlite/gate.h"

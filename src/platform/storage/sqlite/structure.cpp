@@ -73,7 +73,8 @@ void requireFreeIndex(const TableDefinition& table, const IndexDefinition& index
 void requireNoNulls(const Database& database, const QString& table, const QStringList& columns)
 {
     for (const QString& column : columns) {
-        const QByteArray sql = "SELECT EXISTS(SELECT 1 FROM " + quoted(table) + " WHERE " + quoted(column) + " IS NULL)";
+        const QByteArray sql =
+            "SELECT EXISTS(SELECT 1 FROM " + quoted(table) + " WHERE " + quoted(column) + " IS NULL)";
         if (database.number(sql, Task::Structure) != 0)
             throw Failure(kNullInPrimaryKey, column);
     }
@@ -148,8 +149,8 @@ void makeIndex(const Database& database, const QString& table, const IndexDefini
     const QString name = storedIndexName(owner, index.name);
     if (objectExists(database, name))
         throw Failure(kIndexAlreadyExists, index.name);
-    run(database, QByteArray("CREATE ") + (noted.unique ? "UNIQUE " : "") + "INDEX " + quoted(name) + " ON "
-                      + quoted(owner) + "(" + key + ")");
+    run(database, QByteArray("CREATE ") + (noted.unique ? "UNIQUE " : "") + "INDEX " + quoted(name) + " ON " +
+                      quoted(owner) + "(" + key + ")");
     noteIndex(database, owner, noted);
 }
 

@@ -13,8 +13,8 @@ void makeTable(const Database& database, const TableDefinition& table);
 void makeColumn(const Database& database, const QString& table, const Column& column);
 /// 3376, 3265 no such column, 3280 an index has it.
 void removeColumn(const Database& database, const QString& table, const QString& column);
-/// 3376, 3284 the name is taken, 3283 a second primary, 3265 no such column, 3022 duplicates, 3058 Null under a
-/// primary index.
+/// 3376, 3284 the name is taken, 3283 a second primary, 3265 no such column, 3022 duplicates, 3058 Null under
+/// a primary index.
 void makeIndex(const Database& database, const QString& table, const IndexDefinition& index);
 /// 3376 no such table, 3372 no such index.
 void removeIndex(const Database& database, const QString& table, const QString& index);

@@ -146,8 +146,8 @@ bool StoreTable::read(RowId id, Row& row)
 {
     const Reading reading(m_store);
     if (!m_read) {
-        m_read = m_store.prepare("SELECT " + allColumns(m_table) + " FROM " + quoted(m_table.definition.name)
-                                     + " WHERE " + m_table.rowId + " = ?",
+        m_read = m_store.prepare("SELECT " + allColumns(m_table) + " FROM " +
+                                     quoted(m_table.definition.name) + " WHERE " + m_table.rowId + " = ?",
                                  Task::Read);
     }
     m_read.bind(1, id);

@@ -23,7 +23,8 @@ public:
     [[nodiscard]] std::vector<RowId> order(const QString& index) override;
     [[nodiscard]] std::optional<RowId> first(const QString& index, Row& row) override;
     [[nodiscard]] std::optional<RowId> last(const QString& index, Row& row) override;
-    [[nodiscard]] std::optional<RowId> seek(const QString& index, std::span<const Value> keys, Row& row) override;
+    [[nodiscard]] std::optional<RowId> seek(const QString& index, std::span<const Value> keys,
+                                            Row& row) override;
     [[nodiscard]] std::optional<RowId> seekColumns(const QString& index, std::span<const Value> keys,
                                                    std::span<const int> columns, Row& row) override;
     [[nodiscard]] bool read(RowId id, Row& row) override;
