@@ -45,16 +45,16 @@ inline constexpr int kNoFailure = 0;
 /// CODIGO, NOMBRE, SALDO, NOTAS; primary on the code, a plain index on the name, a unique one on the balance.
 [[nodiscard]] inline TableDefinition clients()
 {
-    TableDefinition table{u"CLIENTES"_s,
-                          {text(u"CODIGO"_s), text(u"NOMBRE"_s, 35), number(u"SALDO"_s), memo(u"NOTAS"_s)},
-                          {}};
+    TableDefinition table{
+        u"CLIENTES"_s, {text(u"CODIGO"_s), text(u"NOMBRE"_s, 35), number(u"SALDO"_s), memo(u"NOTAS"_s)}, {}};
     table.indexes = {{u"PorCodigo"_s, true, true, {u"CODIGO"_s}},
                      {u"PorNombre"_s, false, false, {u"NOMBRE"_s, u"CODIGO"_s}},
                      {u"PorSaldo"_s, false, true, {u"SALDO"_s}}};
     return table;
 }
 
-[[nodiscard]] inline Row client(const QString& code, const QString& name, Value balance = Null{}, Value notes = Null{})
+[[nodiscard]] inline Row client(const QString& code, const QString& name, Value balance = Null{},
+                                Value notes = Null{})
 {
     return {code, name, std::move(balance), std::move(notes)};
 }
@@ -63,7 +63,10 @@ inline constexpr int kNoFailure = 0;
 class StoreFolder
 {
 public:
-    [[nodiscard]] QString path(const QString& name = u"Clientes.mdb"_s) const { return m_folder.filePath(name); }
+    [[nodiscard]] QString path(const QString& name = u"Clientes.mdb"_s) const
+    {
+        return m_folder.filePath(name);
+    }
     [[nodiscard]] Engine& engine() const { return *m_engine; }
     [[nodiscard]] std::unique_ptr<Connection> open(Sharing sharing = Sharing::Shared) const
     {

@@ -20,7 +20,8 @@ public:
     PlainSqlite()
     {
         static_cast<void>(m_folder.createClients());
-        RawSqlite(m_folder.path()).run("INSERT INTO CLIENTES(CODIGO, NOMBRE) VALUES('1', 'luz'), ('2', 'Llave'), ('3', 'mano')");
+        RawSqlite(m_folder.path())
+            .run("INSERT INTO CLIENTES(CODIGO, NOMBRE) VALUES('1', 'luz'), ('2', 'Llave'), ('3', 'mano')");
         sqlite3* handle = nullptr;
         sqlite3_open(m_folder.path().toUtf8().constData(), &handle);
         m_handle.reset(handle);
@@ -76,7 +77,8 @@ void ExtensionTest::orderNeedsIt()
 {
     PlainSqlite plain;
 
-    QCOMPARE(plain.column("SELECT NOMBRE FROM CLIENTES ORDER BY NOMBRE"), u"no such collation sequence: ES_TRADICIONAL"_s);
+    QCOMPARE(plain.column("SELECT NOMBRE FROM CLIENTES ORDER BY NOMBRE"),
+             u"no such collation sequence: ES_TRADICIONAL"_s);
 }
 
 void ExtensionTest::orderIsThatOfTheStore()

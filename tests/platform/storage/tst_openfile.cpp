@@ -20,7 +20,8 @@ namespace {
 class PlainUser
 {
 public:
-    PlainUser() : m_before(geteuid())
+    PlainUser()
+        : m_before(geteuid())
     {
         constexpr uid_t kNobody = 65534;
         if (m_before == 0 && seteuid(kNobody) != 0)
@@ -176,7 +177,8 @@ void OpenFileTest::missingFolderIsRefused()
     const StoreFolder folder;
     const QString path = folder.path(u"none/Clientes.mdb"_s);
 
-    QCOMPARE(failureOf([&] { static_cast<void>(folder.engine().open(path, Sharing::Shared)); }), kPathNotValid);
+    QCOMPARE(failureOf([&] { static_cast<void>(folder.engine().open(path, Sharing::Shared)); }),
+             kPathNotValid);
 }
 
 void OpenFileTest::folderInPlaceOfAFileIsRefused()
@@ -294,9 +296,10 @@ void OpenFileTest::writingToAReadOnlyStoreFails()
 void OpenFileTest::fileOfAnotherToolOpens()
 {
     const StoreFolder folder;
-    RawSqlite(folder.path()).run("CREATE TABLE EMP(MENUMEMPRESA VARCHAR(5) UNIQUE, MENOMBRE TEXT(35));"
-                                 "CREATE INDEX PorNombre ON EMP(MENOMBRE COLLATE NOCASE);"
-                                 "CREATE INDEX Cara ON EMP(upper(MENOMBRE)); CREATE VIEW V AS SELECT 1");
+    RawSqlite(folder.path())
+        .run("CREATE TABLE EMP(MENUMEMPRESA VARCHAR(5) UNIQUE, MENOMBRE TEXT(35));"
+             "CREATE INDEX PorNombre ON EMP(MENOMBRE COLLATE NOCASE);"
+             "CREATE INDEX Cara ON EMP(upper(MENOMBRE)); CREATE VIEW V AS SELECT 1");
 
     const auto tables = folder.open()->tables();
 
@@ -307,7 +310,8 @@ void OpenFileTest::fileOfAnotherToolOpens()
 void OpenFileTest::fileOfAnotherToolInWriteAheadModeIsConverted()
 {
     const StoreFolder folder;
-    RawSqlite(folder.path()).run("PRAGMA journal_mode = WAL; CREATE TABLE EMP(A TEXT); INSERT INTO EMP VALUES('x')");
+    RawSqlite(folder.path())
+        .run("PRAGMA journal_mode = WAL; CREATE TABLE EMP(A TEXT); INSERT INTO EMP VALUES('x')");
 
     QCOMPARE(folder.open()->openTable(u"EMP"_s)->count(), 1);
 
@@ -329,8 +333,10 @@ void OpenFileTest::journalOfACrashIsRolledBack()
     static_cast<void>(folder.createClients());
     RawSqlite writer(folder.path());
     // A small cache makes SQLite write pages, and the journal before them, in the middle of the transaction.
-    writer.run("PRAGMA cache_size = 2; BEGIN IMMEDIATE; WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM r"
-               " WHERE n < 2000) INSERT INTO CLIENTES SELECT printf('%010d', n), 'x', n, hex(zeroblob(100)) FROM r");
+    writer.run(
+        "PRAGMA cache_size = 2; BEGIN IMMEDIATE; WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n + 1 "
+        "FROM r"
+        " WHERE n < 2000) INSERT INTO CLIENTES SELECT printf('%010d', n), 'x', n, hex(zeroblob(100)) FROM r");
     const StoreFolder crashed;
     QVERIFY(QFile::copy(folder.path(), crashed.path()));
     QVERIFY(QFile::copy(folder.path(u"Clientes.mdb-journal"_s), crashed.path(u"Clientes.mdb-journal"_s)));

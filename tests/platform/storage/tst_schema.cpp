@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/core/failurenumbers.h"
-#include "platform/storage/otherstation.h"
 #include "platform/storage/rawsqlite.h"
 #include "platform/storage/sqlite/schema.h"
 #include "platform/storage/storefixture.h"
@@ -21,34 +20,9 @@ private Q_SLOTS:
     void columnsHaveTheDeclaredTypesOfTheFormat();
     void indexesBearTheNameOfTheirTable();
     void metadataTableIsHidden();
-    void takenTableNameIsRefused_data();
-    void takenTableNameIsRefused();
-    void tableWithoutColumnsIsRefused();
-    void columnTwiceIsRefusedAndNothingIsMade();
-    void refusedIndexLeavesNoTable();
-    void addedColumnIsNullInEveryRow();
-    void takenColumnNameIsRefused();
-    void columnOfAMissingTableIsRefused();
-    void droppedColumnIsGone();
-    void indexedColumnIsNotDropped();
-    void lastColumnIsNotDropped();
-    void missingColumnIsNotDropped();
-    void addedIndexServes();
-    void indexOverDuplicatesIsRefusedAndNothingIsMade();
-    void primaryIndexOverNullsIsRefused();
-    void secondPrimaryIndexIsRefused();
-    void takenIndexNameIsRefused();
-    void sameIndexNameStandsOnTwoTables();
-    void indexOnAMissingColumnIsRefused();
-    void droppedPrimaryIndexMakesRoomForAnother();
-    void missingIndexIsNotDropped();
-    void indexOfAMissingTableIsNotDropped();
     void zeroLengthMarkIsKept();
-    void zeroLengthMarkOfANumberIsRefused();
-    void zeroLengthMarkOfAMissingColumnIsRefused();
     void zeroLengthMarkIsSeenByAnotherStation();
     void structureOfAnotherStationIsSeen();
-    void changeIsRefusedWhileAnotherReads();
     void ownAndOthersChangesMoveTheDataVersion();
     void readingLeavesTheDataVersion();
     void declaredTypeTellsTypeAndSize_data();
@@ -114,8 +88,9 @@ void SchemaTest::indexesBearTheNameOfTheirTable()
     const StoreFolder folder;
     static_cast<void>(folder.createClients());
 
-    QCOMPARE(RawSqlite(folder.path()).column("SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY rowid"),
-             (QStringList{u"CLIENTES.PorCodigo"_s, u"CLIENTES.PorNombre"_s, u"CLIENTES.PorSaldo"_s}));
+    QCOMPARE(
+        RawSqlite(folder.path()).column("SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY rowid"),
+        (QStringList{u"CLIENTES.PorCodigo"_s, u"CLIENTES.PorNombre"_s, u"CLIENTES.PorSaldo"_s}));
 }
 
 void SchemaTest::metadataTableIsHidden()
@@ -123,225 +98,6 @@ void SchemaTest::metadataTableIsHidden()
     const StoreFolder folder;
 
     QVERIFY(folder.create()->tables().isEmpty());
-}
-
-void SchemaTest::takenTableNameIsRefused_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("same name") << u"CLIENTES"_s;
-    QTest::newRow("case ignored") << u"clientes"_s;
-    QTest::newRow("metadata table") << u"store_metadata"_s;
-}
-
-void SchemaTest::takenTableNameIsRefused()
-{
-    QFETCH(QString, name);
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->createTable({name, {text(u"A"_s)}, {}}); }), kTableAlreadyExists);
-}
-
-void SchemaTest::tableWithoutColumnsIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.create();
-
-    QCOMPARE(failureOf([&] { connection->createTable({u"T"_s, {}, {}}); }), kInvalidArgument);
-}
-
-void SchemaTest::columnTwiceIsRefusedAndNothingIsMade()
-{
-    const StoreFolder folder;
-    const auto connection = folder.create();
-
-    QCOMPARE(failureOf([&] { connection->createTable({u"T"_s, {text(u"A"_s), number(u"a"_s)}, {}}); }),
-             kFieldDefinedTwice);
-    QVERIFY(connection->tables().isEmpty());
-}
-
-void SchemaTest::refusedIndexLeavesNoTable()
-{
-    const StoreFolder folder;
-    const auto connection = folder.create();
-    const TableDefinition table{u"T"_s, {text(u"A"_s)}, {{u"I"_s, false, false, {u"NADA"_s}}}};
-
-    QCOMPARE(failureOf([&] { connection->createTable(table); }), kItemNotInCollection);
-    QVERIFY(connection->tables().isEmpty());
-}
-
-void SchemaTest::addedColumnIsNullInEveryRow()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    connection->openTable(u"CLIENTES"_s)->insert(client(u"A"_s, u"Ana"_s));
-
-    connection->addColumn(u"clientes"_s, text(u"OTRA"_s, 12));
-
-    const auto table = connection->openTable(u"CLIENTES"_s);
-    Row row;
-    QVERIFY(table->read(1, row));
-    QCOMPARE(row.size(), std::size_t{5});
-    QVERIFY(isNull(row.back()));
-    QCOMPARE(table->definition().columns.constLast().size, 12);
-}
-
-void SchemaTest::takenColumnNameIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->addColumn(u"CLIENTES"_s, text(u"nombre"_s)); }), kFieldDefinedTwice);
-}
-
-void SchemaTest::columnOfAMissingTableIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->addColumn(u"NADA"_s, text(u"A"_s)); }), kNoSuchTable);
-}
-
-void SchemaTest::droppedColumnIsGone()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    connection->openTable(u"CLIENTES"_s)->insert(client(u"A"_s, u"Ana"_s, 1.0, u"x"_s));
-
-    connection->dropColumn(u"CLIENTES"_s, u"notas"_s);
-
-    const auto table = connection->openTable(u"CLIENTES"_s);
-    Row row;
-    QVERIFY(table->read(1, row));
-    QCOMPARE(row, (Row{u"A"_s, u"Ana"_s, 1.0}));
-}
-
-void SchemaTest::indexedColumnIsNotDropped()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->dropColumn(u"CLIENTES"_s, u"NOMBRE"_s); }), kFieldInIndex);
-}
-
-void SchemaTest::lastColumnIsNotDropped()
-{
-    const StoreFolder folder;
-    const auto connection = folder.create();
-    connection->createTable({u"T"_s, {text(u"A"_s)}, {}});
-
-    QCOMPARE(failureOf([&] { connection->dropColumn(u"T"_s, u"A"_s); }), kInvalidOperation);
-}
-
-void SchemaTest::missingColumnIsNotDropped()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->dropColumn(u"CLIENTES"_s, u"NADA"_s); }), kItemNotInCollection);
-}
-
-void SchemaTest::addedIndexServes()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    connection->openTable(u"CLIENTES"_s)->insert(client(u"A"_s, u"Ana"_s, 5.0, u"x"_s));
-
-    connection->createIndex(u"CLIENTES"_s, {u"PorNotas"_s, false, false, {u"notas"_s}});
-
-    const std::vector<Value> keys{u"X"_s};
-    Row row;
-    QVERIFY(connection->openTable(u"CLIENTES"_s)->seek(u"PorNotas"_s, keys, row));
-}
-
-void SchemaTest::indexOverDuplicatesIsRefusedAndNothingIsMade()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    const auto table = connection->openTable(u"CLIENTES"_s);
-    table->insert(client(u"A"_s, u"Ana"_s));
-    table->insert(client(u"B"_s, u"ANA"_s));
-
-    QCOMPARE(failureOf([&] { connection->createIndex(u"CLIENTES"_s, {u"U"_s, false, true, {u"NOMBRE"_s}}); }),
-             kDuplicateKey);
-    QVERIFY(connection->tables().constFirst().index(u"U") == nullptr);
-}
-
-void SchemaTest::primaryIndexOverNullsIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.create();
-    connection->createTable({u"T"_s, {text(u"A"_s), text(u"B"_s)}, {}});
-    connection->openTable(u"T"_s)->insert({u"x"_s, Null{}});
-
-    QCOMPARE(failureOf([&] { connection->createIndex(u"T"_s, {u"P"_s, true, true, {u"A"_s, u"B"_s}}); }),
-             kNullInPrimaryKey);
-}
-
-void SchemaTest::secondPrimaryIndexIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->createIndex(u"CLIENTES"_s, {u"P"_s, true, true, {u"NOMBRE"_s}}); }),
-             kPrimaryKeyAlreadyExists);
-}
-
-void SchemaTest::takenIndexNameIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->createIndex(u"CLIENTES"_s, {u"PORNOMBRE"_s, false, false, {u"SALDO"_s}}); }),
-             kIndexAlreadyExists);
-}
-
-void SchemaTest::sameIndexNameStandsOnTwoTables()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    TableDefinition second = clients();
-    second.name = u"OTROS"_s;
-
-    QCOMPARE(failureOf([&] { connection->createTable(second); }), kNoFailure);
-}
-
-void SchemaTest::indexOnAMissingColumnIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->createIndex(u"CLIENTES"_s, {u"I"_s, false, false, {u"NADA"_s}}); }),
-             kItemNotInCollection);
-}
-
-void SchemaTest::droppedPrimaryIndexMakesRoomForAnother()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    connection->dropIndex(u"clientes"_s, u"PORCODIGO"_s);
-    connection->createIndex(u"CLIENTES"_s, {u"PorCodigo"_s, true, true, {u"CODIGO"_s, u"NOMBRE"_s}});
-
-    const TableDefinition table = connection->tables().constFirst();
-    QVERIFY(table.index(u"PorCodigo")->primary);
-    QCOMPARE(table.index(u"PorCodigo")->columns, (QStringList{u"CODIGO"_s, u"NOMBRE"_s}));
-}
-
-void SchemaTest::missingIndexIsNotDropped()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->dropIndex(u"CLIENTES"_s, u"NADA"_s); }), kNoSuchIndexOnTable);
-}
-
-void SchemaTest::indexOfAMissingTableIsNotDropped()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->dropIndex(u"NADA"_s, u"PorCodigo"_s); }), kNoSuchTable);
 }
 
 void SchemaTest::zeroLengthMarkIsKept()
@@ -353,22 +109,6 @@ void SchemaTest::zeroLengthMarkIsKept()
 
     QVERIFY(!connection->tables().constFirst().columns.at(1).allowZeroLength);
     QVERIFY(!folder.open()->tables().constFirst().columns.at(1).allowZeroLength);
-}
-
-void SchemaTest::zeroLengthMarkOfANumberIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->setAllowZeroLength(u"CLIENTES"_s, u"SALDO"_s, true); }), kInvalidOperation);
-}
-
-void SchemaTest::zeroLengthMarkOfAMissingColumnIsRefused()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-
-    QCOMPARE(failureOf([&] { connection->setAllowZeroLength(u"CLIENTES"_s, u"NADA"_s, true); }), kItemNotInCollection);
 }
 
 void SchemaTest::zeroLengthMarkIsSeenByAnotherStation()
@@ -392,16 +132,6 @@ void SchemaTest::structureOfAnotherStationIsSeen()
     folder.open()->createTable(clients());
 
     QCOMPARE(connection->tables().size(), 1);
-}
-
-void SchemaTest::changeIsRefusedWhileAnotherReads()
-{
-    const StoreFolder folder;
-    const auto connection = folder.createClients();
-    const OtherStation other(folder.path(), u"reading"_s);
-    QCOMPARE(other.answer(), u"held"_s);
-
-    QCOMPARE(failureOf([&] { connection->addColumn(u"CLIENTES"_s, text(u"OTRA"_s)); }), kCouldNotLockTable);
 }
 
 void SchemaTest::ownAndOthersChangesMoveTheDataVersion()
@@ -484,8 +214,9 @@ void SchemaTest::indexMadeAnewByAnotherToolLosesItsMark()
 {
     const StoreFolder folder;
     static_cast<void>(folder.createClients());
-    RawSqlite(folder.path()).run("DROP INDEX \"CLIENTES.PorCodigo\";"
-                                 "CREATE INDEX \"CLIENTES.PorCodigo\" ON CLIENTES(CODIGO)");
+    RawSqlite(folder.path())
+        .run("DROP INDEX \"CLIENTES.PorCodigo\";"
+             "CREATE INDEX \"CLIENTES.PorCodigo\" ON CLIENTES(CODIGO)");
 
     const TableDefinition table = folder.open()->tables().constFirst();
 
@@ -524,7 +255,8 @@ void SchemaTest::namesNeedNoEscaping()
 {
     const StoreFolder folder;
     const auto connection = folder.create();
-    const TableDefinition table{u"Año \"1\"; --"_s, {text(u"select"_s), text(u"a'b]"_s)}, {{u"í.x"_s, true, true, {u"a'b]"_s}}}};
+    const TableDefinition table{
+        u"Año \"1\"; --"_s, {text(u"select"_s), text(u"a'b]"_s)}, {{u"í.x"_s, true, true, {u"a'b]"_s}}}};
     connection->createTable(table);
     const auto opened = connection->openTable(u"AÑO \"1\"; --"_s);
     opened->insert({u"x"_s, u"y"_s});

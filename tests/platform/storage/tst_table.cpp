@@ -1,49 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/core/failurenumbers.h"
-#include "platform/storage/otherstation.h"
+#include "platform/storage/openclients.h"
 #include "platform/storage/rawsqlite.h"
-#include "platform/storage/storefixture.h"
 
 #include <QTest>
-
-#include <algorithm>
 
 using namespace platform;
 using namespace platform::storage;
 using namespace platform::storage::test;
-
-namespace {
-
-/// A store with the table of `clients()`, opened.
-struct OpenClients
-{
-    StoreFolder folder;
-    std::unique_ptr<Connection> connection = folder.createClients();
-    std::unique_ptr<Table> table = connection->openTable(u"CLIENTES"_s);
-
-    [[nodiscard]] std::optional<RowId> seek(const QString& index, const std::vector<Value>& keys, Row& row) const
-    {
-        return table->seek(index, keys, row);
-    }
-    [[nodiscard]] std::optional<RowId> seek(const QString& index, const std::vector<Value>& keys) const
-    {
-        Row row;
-        return table->seek(index, keys, row);
-    }
-    /// The names in the order of an index.
-    [[nodiscard]] QStringList names(const QString& index) const
-    {
-        QStringList found;
-        for (const RowId id : table->order(index)) {
-            Row row;
-            if (table->read(id, row))
-                found.append(std::get<QString>(row[1]));
-        }
-        return found;
-    }
-};
-
-} // namespace
 
 class TableTest : public QObject
 {
@@ -74,22 +38,6 @@ private Q_SLOTS:
     void ascendingBlockIsTheSameAsOneByOne();
     void blockHoldsOnlyTheColumnsAsked();
     void emptyBlockIsEmpty();
-    void duplicateKeyIsRefusedAndNothingIsWritten();
-    void duplicateDiffersOnlyInCase();
-    void emptyTextCollides();
-    void nullInThePrimaryKeyIsRefused();
-    void severalNullsStandUnderAUniqueIndex();
-    void rowOfAnotherWidthIsRefused();
-    void updateWritesTheChangedColumns();
-    void updateToATakenKeyIsRefused();
-    void updateToANullKeyIsRefused();
-    void updateOfARowThatAnotherChangedIsRefused();
-    void updateOfARowThatAnotherChangedInAnotherColumnIsRefused();
-    void updateTellsTheTextFromTheNumber();
-    void updateOfADeletedRowIsRefused();
-    void updateWithoutAChangeWritesNothing();
-    void eraseOfADeletedRowIsRefused();
-    void writingIsRefusedWhileAnotherWrites();
     void nothingStaysLockedAfterAnOperation();
     void columnAddedByAnotherLeavesTheOpenTableAsItWas();
     void columnNamedRowidHidesNothing();
@@ -154,7 +102,10 @@ void TableTest::moreKeysThanColumnsFail()
 {
     const OpenClients store;
 
-    QCOMPARE(failureOf([&] { static_cast<void>(store.seek(u"PorCodigo"_s, {u"1"_s, u"2"_s})); }), kInvalidArgument);
+    QCOMPARE(failureOf([&] {
+                 static_cast<void>(store.seek(u"PorCodigo"_s, {u"1"_s, u"2"_s}));
+             }),
+             kInvalidArgument);
 }
 
 void TableTest::nullKeyFindsANull()
@@ -186,7 +137,7 @@ void TableTest::unknownIndexFails()
 void TableTest::orderFollowsTheTraditionalAlphabet()
 {
     const OpenClients store;
-    const QStringList sorted{u"1 taller"_s, u"Ana"_s,   u"cuna"_s, u"Chopo"_s, u"dado"_s, u"luz"_s,
+    const QStringList sorted{u"1 taller"_s, u"Ana"_s,  u"cuna"_s, u"Chopo"_s, u"dado"_s, u"luz"_s,
                              u"Llave"_s,    u"mano"_s, u"nube"_s, u"ñu"_s,    u"ola"_s};
     for (qsizetype i = sorted.size(); i-- > 0;)
         store.table->insert(client(QString::number(i), sorted.at(i)));
@@ -199,7 +150,8 @@ void TableTest::equalKeysComeByRowNumber()
     const OpenClients store;
     store.connection->createIndex(u"CLIENTES"_s, {u"SoloNombre"_s, false, false, {u"NOMBRE"_s}});
     const auto table = store.connection->openTable(u"CLIENTES"_s);
-    const std::vector<RowId> ids{table->insert(client(u"9"_s, u"Ana"_s)), table->insert(client(u"5"_s, u"ANA"_s)),
+    const std::vector<RowId> ids{table->insert(client(u"9"_s, u"Ana"_s)),
+                                 table->insert(client(u"5"_s, u"ANA"_s)),
                                  table->insert(client(u"7"_s, u"ana"_s))};
 
     QCOMPARE(table->order(u"SoloNombre"_s), ids);
@@ -361,166 +313,6 @@ void TableTest::emptyBlockIsEmpty()
     QVERIFY(block.cells.empty());
 }
 
-void TableTest::duplicateKeyIsRefusedAndNothingIsWritten()
-{
-    const OpenClients store;
-    store.table->insert(client(u"A"_s, u"Ana"_s));
-
-    QCOMPARE(failureOf([&] { store.table->insert(client(u"A"_s, u"Luis"_s)); }), kDuplicateKey);
-
-    QCOMPARE(store.names({}), QStringList{u"Ana"_s});
-}
-
-void TableTest::duplicateDiffersOnlyInCase()
-{
-    const OpenClients store;
-    store.table->insert(client(u"Ab"_s, u"Ana"_s));
-
-    QCOMPARE(failureOf([&] { store.table->insert(client(u"aB "_s, u"Luis"_s)); }), kDuplicateKey);
-}
-
-void TableTest::emptyTextCollides()
-{
-    const OpenClients store;
-    store.table->insert(client(u""_s, u"Ana"_s));
-
-    QCOMPARE(failureOf([&] { store.table->insert(client(u""_s, u"Luis"_s)); }), kDuplicateKey);
-}
-
-void TableTest::nullInThePrimaryKeyIsRefused()
-{
-    const OpenClients store;
-    Row row = client(u"A"_s, u"Ana"_s);
-    row[0] = Null{};
-
-    QCOMPARE(failureOf([&] { store.table->insert(row); }), kNullInPrimaryKey);
-}
-
-void TableTest::severalNullsStandUnderAUniqueIndex()
-{
-    const OpenClients store;
-    store.table->insert(client(u"A"_s, u"Ana"_s));
-    store.table->insert(client(u"B"_s, u"Luis"_s));
-
-    QCOMPARE(store.table->count(), 2);
-}
-
-void TableTest::rowOfAnotherWidthIsRefused()
-{
-    const OpenClients store;
-
-    QCOMPARE(failureOf([&] { store.table->insert({u"A"_s}); }), kInvalidArgument);
-}
-
-void TableTest::updateWritesTheChangedColumns()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s, 1.0, u"x"_s);
-    const Row after = client(u"B"_s, u"Ana"_s, Null{}, u"y"_s);
-    const RowId id = store.table->insert(before);
-
-    store.table->update(id, before, after);
-
-    Row row;
-    QCOMPARE(store.seek(u"PorCodigo"_s, {u"B"_s}, row), std::optional(id));
-    QCOMPARE(row, after);
-    QVERIFY(!store.seek(u"PorCodigo"_s, {u"A"_s}));
-}
-
-void TableTest::updateToATakenKeyIsRefused()
-{
-    const OpenClients store;
-    const Row ana = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(ana);
-    store.table->insert(client(u"B"_s, u"Luis"_s));
-
-    QCOMPARE(failureOf([&] { store.table->update(id, ana, client(u"b"_s, u"Ana"_s)); }), kDuplicateKey);
-
-    QCOMPARE(store.seek(u"PorCodigo"_s, {u"A"_s}), std::optional(id));
-}
-
-void TableTest::updateToANullKeyIsRefused()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(before);
-    Row after = before;
-    after[0] = Null{};
-
-    QCOMPARE(failureOf([&] { store.table->update(id, before, after); }), kNullInPrimaryKey);
-}
-
-void TableTest::updateOfARowThatAnotherChangedIsRefused()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(before);
-    store.folder.open()->openTable(u"CLIENTES"_s)->update(id, before, client(u"A"_s, u"ANA"_s));
-
-    QCOMPARE(failureOf([&] { store.table->update(id, before, client(u"A"_s, u"Eva"_s)); }), kDataChanged);
-
-    QCOMPARE(store.names({}), QStringList{u"ANA"_s});
-}
-
-void TableTest::updateOfARowThatAnotherChangedInAnotherColumnIsRefused()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(before);
-    store.folder.open()->openTable(u"CLIENTES"_s)->update(id, before, client(u"A"_s, u"Ana"_s, 1.0));
-
-    QCOMPARE(failureOf([&] { store.table->update(id, before, client(u"A"_s, u"Eva"_s)); }), kDataChanged);
-}
-
-void TableTest::updateTellsTheTextFromTheNumber()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s, 1.0);
-    const RowId id = store.table->insert(before);
-
-    QCOMPARE(failureOf([&] { store.table->update(id, client(u"A"_s, u"Ana"_s, u"1"_s), before); }), kDataChanged);
-}
-
-void TableTest::updateOfADeletedRowIsRefused()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(before);
-    store.folder.open()->openTable(u"CLIENTES"_s)->erase(id);
-
-    QCOMPARE(failureOf([&] { store.table->update(id, before, client(u"A"_s, u"Eva"_s)); }), kRecordDeleted);
-}
-
-void TableTest::updateWithoutAChangeWritesNothing()
-{
-    const OpenClients store;
-    const Row before = client(u"A"_s, u"Ana"_s);
-    const RowId id = store.table->insert(before);
-    const quint64 version = store.connection->dataVersion();
-
-    store.table->update(id, before, before);
-
-    QCOMPARE(store.connection->dataVersion(), version);
-}
-
-void TableTest::eraseOfADeletedRowIsRefused()
-{
-    const OpenClients store;
-    const RowId id = store.table->insert(client(u"A"_s, u"Ana"_s));
-    store.table->erase(id);
-
-    QCOMPARE(failureOf([&] { store.table->erase(id); }), kRecordDeleted);
-}
-
-void TableTest::writingIsRefusedWhileAnotherWrites()
-{
-    const OpenClients store;
-    const OtherStation other(store.folder.path(), u"writing"_s);
-    QCOMPARE(other.answer(), u"held"_s);
-
-    QCOMPARE(failureOf([&] { store.table->insert(client(u"A"_s, u"Ana"_s)); }), kLockedByAnother);
-}
-
 void TableTest::nothingStaysLockedAfterAnOperation()
 {
     const OpenClients store;
@@ -565,8 +357,9 @@ void TableTest::columnNamedRowidHidesNothing()
 void TableTest::tableOfAnotherToolIsReadAndWritten()
 {
     const StoreFolder folder;
-    RawSqlite(folder.path()).run("CREATE TABLE EMP(NUM INTEGER PRIMARY KEY, NOMBRE TEXT(30) UNIQUE, FOTO BLOB);"
-                                 "INSERT INTO EMP VALUES(7, 'Uno', x'4142')");
+    RawSqlite(folder.path())
+        .run("CREATE TABLE EMP(NUM INTEGER PRIMARY KEY, NOMBRE TEXT(30) UNIQUE, FOTO BLOB);"
+             "INSERT INTO EMP VALUES(7, 'Uno', x'4142')");
     const auto connection = folder.open();
     const auto table = connection->openTable(u"emp"_s);
     table->insert({9.0, u"Dos"_s, Null{}});
