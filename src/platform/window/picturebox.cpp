@@ -13,7 +13,7 @@ PictureBox::PictureBox(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAutoRaise(true);
-    setIcon(icon(Icon::Search));
+    setIcon(platform::icon(Icon::Search));
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event)
