@@ -3,13 +3,11 @@
 // The program: the look, the message boxes, the windows that the commands show, and the main window, whose
 // load is the start of the run.
 
-#include "clients/climant.h"
-#include "lookup/lisem.h"
-#include "lookup/lisemwindow.h"
 #include "platform/window/appearance.h"
 #include "shell/launch.h"
 #include "shell/stmain.h"
 #include "shell/unhandledfailure.h"
+#include "shell/windows.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -26,24 +24,6 @@ QStringList argumentsOf(int count, char** values)
     return arguments;
 }
 
-void showClimantModal(QWidget* parent)
-{
-    climant window(parent);
-    window.showModal();
-}
-
-void showLisemModal(QWidget* parent)
-{
-    LISEM window(parent);
-    window.showModal();
-}
-
-STMAINLinks links()
-{
-    return {
-        .showClimantModal = &showClimantModal, .showLista = {}, .showListaModal = {}, .closePrintEngine = {}};
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -58,9 +38,9 @@ int main(int argc, char* argv[])
     platform::installSpanishTexts();
     platform::installMessageBox();
     shell::installUnhandledFailureBox();
-    setMuestraLISEM(&showLisemModal);
+    shell::installLookup();
 
-    STMAIN window(commandLine, links());
+    STMAIN window(commandLine, shell::windowLinks());
     window.load();
     return QApplication::exec();
 }
