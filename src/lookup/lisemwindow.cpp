@@ -131,7 +131,9 @@ void LISEM::onFirstShown()
 
 void LISEM::mouseMoveEvent(QMouseEvent* event)
 {
-    showPicture(*ui->imgwl, platform::Icon::Application);
+    // A move over the logo comes up to the form as well.
+    if (!ui->imgwl->geometry().contains(event->position().toPoint()))
+        showPicture(*ui->imgwl, platform::Icon::Application);
     Form::mouseMoveEvent(event);
 }
 
