@@ -129,8 +129,13 @@ void ClientFixture::closeWindow()
 
 void ClientFixture::activate()
 {
-    m_window->activateWindow();
-    if (!QTest::qWaitForWindowActive(m_window.get()))
+    // The window that closed may be told last that it had come to the front.
+    const bool isInFront = QTest::qWaitFor([this] {
+        m_window->activateWindow();
+        QCoreApplication::processEvents();
+        return QApplication::activeWindow() == m_window.get();
+    });
+    if (!isInFront)
         qFatal("the window doesn't come to the front");
 }
 
@@ -245,6 +250,7 @@ void ClientFixture::chooseInLineMenu(const QString& gridName, int row, int col, 
         QTest::keyClick(menu, Qt::Key_Return);
     });
     clickCell(gridName, row, col, Qt::RightButton);
+    activate(); // off screen a menu takes the activation with it
 }
 
 QString ClientFixture::cell(const QString& gridName, int row, int col) const
