@@ -102,184 +102,174 @@ struct Search
     QStringView sql;
     QStringView checkedSql; ///< with `Check1` ticked; empty: the same
 };
-constexpr std::array
-    kSearches{
-        Search{
-            1,
-            Store::None,
-            u"SELECT MENUMEMPRESA as Num, MENOMBRE as Empresa FROM EMP WHERE MENOMBRE LIKE '*<texto>*' ORDER "
-            u"BY MENOMBRE",
-            {}}, // company number
-        Search{2,
-               Store::None,
-               u"SELECT ALMCODIGO as Num, ALMDESCRI as Almacen FROM ALMACEN WHERE ALMDESCRI LIKE '*<texto>*' "
-               u"ORDER BY ALMDESCRI",
-               {}}, // warehouse
-        Search{
-            3,
-            Store::Postal,
-            u"SELECT CPOSTAL as Codigo, LOCALI as Localidad FROM POSTA WHERE LOCALI LIKE '*<texto>*' ORDER "
-            u"BY LOCALI",
-            {}}, // postal code
-        Search{
-            4,
-            Store::None,
-            u"SELECT MONCODIGO AS Codigo, MONDESCRIPCION as Moneda FROM MONEDATAB WHERE MONDESCRIPCION LIKE "
-            u"'*<texto>*' ORDER BY MONDESCRIPCION",
-            {}}, // currency
-        Search{5,
-               Store::None,
-               u"SELECT FABCODIGO AS Codigo, FABDESCRIPCION as Fabricantes FROM FABRICA WHERE FABDESCRIPCION "
-               u"LIKE '*<texto>*' ORDER BY FABDESCRIPCION",
-               {}}, // maker
-        Search{
-            6,
-            Store::None,
-            u"SELECT ZCOD as Codigo, ZDEL as Administracion, ZADM as Delegacion FROM DELEG WHERE ZDEL LIKE "
-            u"'*<texto>*' ORDER BY ZDEL",
-            {}}, // tax office
-        Search{7,
-               Store::None,
-               u"SELECT ENTCODIGO AS Codigo, ENTDESCRI as Banco, ENTCUENTA as Cuenta FROM ENTIDAD WHERE "
-               u"ENTDESCRI LIKE '*<texto>*' ORDER BY ENTDESCRI",
-               {}}, // bank
-        Search{8,
-               Store::None,
-               u"SELECT FORMCODIGO AS Codigo, FORMDESCRI as 'Forma de pago' FROM FORMASPAGO WHERE LIKE "
-               u"'*<texto>*' ORDER BY FORMDESCRI",
-               {}}, // payment form
-        Search{9,
-               Store::Zones,
-               u"SELECT ZONCODIGO AS Codigo, ZONDESCRIPCION as Zonas FROM ZONATAB WHERE ZONDESCRIPCION LIKE "
-               u"'*<texto>*' ORDER BY ZONDESCRIPCION",
-               {}}, // zone
-        Search{
-            10,
-            Store::None,
-            u"SELECT FAMICODIGO AS Codigo, FAMIDESCRIPCION as Familia FROM FAMI WHERE FAMIDESCRIPCION LIKE "
-            u"'*<texto>*' ORDER BY FAMIDESCRIPCION",
-            {}}, // family
-        Search{15,
-               Store::Types,
-               u"SELECT TIPOCODIGO as Codigo, TIPODESCRIPCION as 'Tipo de Cliente' FROM TIPOCLI WHERE "
-               u"TIPODESCRIPCION LIKE '*<texto>*' ORDER BY TIPODESCRIPCION",
-               {}}, // client type
-        Search{
-            16,
-            Store::None,
-            u"SELECT CARCODIGO AS Codigo, CARDESCRIPCION as 'Nombre de la cartera' FROM CarteraTabla WHERE "
-            u"CARDESCRIPCION LIKE '*<texto>*' ORDER BY CARDESCRIPCION",
-            {}}, // portfolio
-        Search{17,
-               Store::Representatives,
-               u"SELECT REPCODIGO as Codigo, REPDESCRI as Representante FROM REPTABLA WHERE REPDESCRI LIKE "
-               u"'*<texto>*' ORDER BY REPDESCRI",
-               {}}, // representative
-        Search{18,
-               Store::None,
-               u"SELECT IDICODIGO AS codigo, IDIDESCRIP as Idioma FROM IdiomasTabla WHERE IDIDESCRIP LIKE "
-               u"'*<texto>*' ORDER BY IDIDESCRIP",
-               {}}, // language
-        Search{21,
-               Store::None,
-               u"SELECT PROVCODIGO as Codigo, PROVNOMBRE as Proveedor, PROVLOCALIDAD as Localidad FROM "
-               u"ProveedoresTabla WHERE PROVNOMBRE LIKE '*<texto>*' ORDER BY PROVNOMBRE",
-               {}}, // supplier
-        Search{22, Store::None,
-               u"SELECT PRECOMNumero as Numero, PRECOMNombrecli as Cliente, PRECOMFecha as Fecha FROM "
-               u"PresupuestoTabla WHERE PRECOMCanal ='<canal>' AND PRECOMNOMBRECLI LIKE '*<texto>*' ORDER BY "
-               u"PRECOMNombrecli",
-               u"SELECT PRECOMNumero as Numero, PRECOMNombrecli as Cliente, PRECOMFecha as Fecha FROM "
-               u"PresupuestoTabla WHERE PRECOMCanal ='<canal>' AND PRECOMNOMBRECLI LIKE '*<texto>*' ORDER BY "
-               u"PRECOMNumero DESC"}, // quotation
-        Search{23,
-               Store::None,
-               u"SELECT PROVCODIGO as Codigo,PROVNOMBRE as Transportista,PROVLOCALIDAD as Localidad FROM "
-               u"ProveedoresTabla WHERE ProvTransportista = '1' AND PROVNOMBRE LIKE '*<texto>*' ORDER BY "
-               u"PROVNOMBRE",
-               {}}, // carrier
-        Search{
-            24,
-            Store::None,
-            u"SELECT ESCANCODIGO as Codigo, ESCANDESCRI as Escandallo FROM ESCANTABLA WHERE ESCANDESCRI LIKE "
-            u"'*<texto>*' ORDER BY ESCANDESCRI",
-            {}}, // breakdown
-        Search{25, Store::None,
-               u"SELECT PEDIDOSNumero as Numero, PEDIDOSNombrecli as Cliente, PEDIDOSFecha as Fecha FROM "
-               u"PedidosTabla WHERE PEDIDOSCanal ='<canal>' AND PEDIDOSNombrecli LIKE '*<texto>*' ORDER BY "
-               u"PEDIDOSNombrecli",
-               u"SELECT PEDIDOSNumero as Numero, PEDIDOSNombrecli as Cliente, PEDIDOSFecha as Fecha FROM "
-               u"PedidosTabla WHERE PEDIDOSCanal ='<canal>' AND PEDIDOSNombrecli LIKE '*<texto>*' ORDER BY "
-               u"PEDIDOSNumero DESC"}, // order
-        Search{26, Store::None,
-               u"SELECT ALBARANNumero as Numero, ALBARANNombrecli as Cliente, ALBARANFecha as Fecha FROM "
-               u"AlbaranesTabla WHERE ALBARANCanal ='<canal>' AND ALBARANNombrecli LIKE '*<texto>*' ORDER BY "
-               u"ALBARANNombrecli",
-               u"SELECT ALBARANNumero as Numero, ALBARANNombrecli as Cliente, ALBARANFecha as FEcha FROM "
-               u"AlbaranesTabla WHERE ALBARANCanal ='<canal>' AND ALBARANNombrecli LIKE '*<texto>*' ORDER BY "
-               u"ALBARANNumero DESC"}, // delivery note
-        Search{
-            27, Store::None,
-            u"SELECT FACTURANumero as Numero, FACTURANombrecli as Cliente, FACTURAFecha as Fecha, "
-            u"FACTURATotal as Importe From FacturaTabla Where FACTURACanal ='<canal>' AND FACTURANombrecli "
-            u"LIKE '*<texto>*' ORDER BY FACTURANombrecli ",
-            u"SELECT FACTURANumero as Numero, FACTURANombrecli as CLiente, FACTURAFecha as Fecha, "
-            u"FACTURATotal as Importe From FacturaTabla Where FACTURACanal ='<canal>' AND FACTURANombrecli "
-            u"LIKE '*<texto>*' ORDER BY FACTURANumero DESC "}, // invoice
-        Search{28, Store::None,
-               u"SELECT COMPRASPEDIDOSNumero as Numero, COMPRASPEDIDOSNombrecli as Proveedor, "
-               u"ComprasPEDIDOSNumerosudocu as S-Pedido FROM COMPRASPedidosTabla WHERE COMPRASPEDIDOSCanal "
-               u"='<canal>' AND COMPRASPEDIDOSNombrecli LIKE '*<texto>*' ORDER BY COMPRASPEDIDOSNombrecli",
-               u"SELECT COMPRASPEDIDOSNumero as Numero, COMPRASPEDIDOSNombrecli as Proveedor, "
-               u"ComprasPEDIDOSNumerosudocu as S-Pedido FROM COMPRASPedidosTabla WHERE COMPRASPEDIDOSCanal "
-               u"='<canal>' AND COMPRASPEDIDOSNombrecli LIKE '*<texto>*' ORDER BY COMPRASPEDIDOSNombrecli "
-               u"DESC"}, // purchase order
-        Search{
-            29, Store::None,
-            u"SELECT COMPRASALBARANNumero as Numero, COMPRASALBARANNombrecli as Proveedor, "
-            u"ComprasAlbaranNumerosudocu as S-Albaran FROM COMPRASALBARANESTabla WHERE COMPRASALBARANCanal "
-            u"='<canal>' AND COMPRASALBARANNombrecli LIKE '*<texto>*' ORDER BY COMPRASALBARANNombrecli",
-            u"SELECT COMPRASALBARANNumero as Numero, COMPRASALBARANNombrecli as Proveedor, "
-            u"ComprasAlbaranNumerosudocu as S-Albaran FROM COMPRASALBARANESTabla WHERE COMPRASALBARANCanal "
-            u"='<canal>' AND COMPRASALBARANNombrecli LIKE '*<texto>*' ORDER BY ComprasAlbaranNumerosudocu "
-            u"DESC"}, // purchase delivery note
-        Search{30, Store::None,
-               u"SELECT COMPRASFACTURANumero as Numero, COMPRASFACTURANombrecli as Proveedor, "
-               u"ComprasFACTURANumerosudocu as S-Factura FROM COMPRASFACTURATabla WHERE COMPRASFACTURACanal "
-               u"='<canal>' AND COMPRASFACTURANombrecli LIKE '*<texto>*' ORDER BY COMPRASFACTURANombrecli",
-               u"SELECT COMPRASFACTURANumero as Numero, COMPRASFACTURANombrecli as Proveedor, "
-               u"ComprasFACTURANumerosudocu as S-Factura FROM COMPRASFACTURATabla WHERE COMPRASFACTURACanal "
-               u"='<canal>' AND COMPRASFACTURANombrecli LIKE '*<texto>*' ORDER BY ComprasFACTURANumerosudocu "
-               u"DESC"}, // purchase invoice
-        Search{31,
-               Store::None,
-               u"SELECT TIPOSCODIGO as Codigo, TIPOSDESCRI as Operacion FROM TIPOSGTS WHERE TIPOSDESCRI LIKE "
-               u"'*<texto>*' ORDER BY TIPOSDESCRI",
-               {}}, // operation type
-        Search{40,
-               Store::None,
-               u"SELECT numcuenta as Cuenta, titulodelacuenta as Descripcion FROM cta WHERE TITULODELACUENTA "
-               u"LIKE '*<texto>*' ORDER BY TITULODELACUENTA",
-               {}}, // account
-        Search{41,
-               Store::None,
-               u"SELECT ECOMERCEFAMICODIGO as Codigo, ECOMERCEFAMIDESCRIPCION as Descripcion FROM "
-               u"ECOMERCEFAMITABLA WHERE ECOMERCEFAMIDESCRIPCION LIKE '*<texto>*' ORDER BY "
-               u"ECOMERCEFAMIDESCRIPCION",
-               {}}, // web family
-        Search{333, Store::None,
-               u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, "
-               u"ACUCARTERAFECHARECIBO as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE "
-               u"'*<texto>*' ORDER BY int(ACUCARTERANUMRECIBO)",
-               u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, "
-               u"ACUCARTERAFECHARECIBO as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE "
-               u"'*<texto>*' ORDER BY int(ACUCARTERANUMRECIBO)DESC"}, // receipt
-        Search{20, Store::Clients,
-               u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CLICODPOSTALLOCALI as Localidad "
-               u"FROM CLIENTESTABLA WHERE CLINOMBRE LIKE '*<texto>*' ORDER BY CLINOMBRE",
-               u"SELECT CLICODIGO as Codigo, CLIDIRECCION as Domicilio, CLICODPOSTALLOCALI as Localidad "
-               u"FROM CLIENTESTABLA WHERE CLIDIRECCION LIKE '*<texto>*' ORDER BY CLIDIRECCION"}, // client
-    };
+constexpr std::array kSearches{
+    Search{1,
+           Store::None,
+           u"SELECT MENUMEMPRESA as Num, MENOMBRE as Empresa FROM EMP WHERE MENOMBRE LIKE '*<texto>*' ORDER "
+           u"BY MENOMBRE",
+           {}}, // company number
+    Search{2,
+           Store::None,
+           u"SELECT ALMCODIGO as Num, ALMDESCRI as Almacen FROM ALMACEN WHERE ALMDESCRI LIKE '*<texto>*' "
+           u"ORDER BY ALMDESCRI",
+           {}}, // warehouse
+    Search{3,
+           Store::Postal,
+           u"SELECT CPOSTAL as Codigo, LOCALI as Localidad FROM POSTA WHERE LOCALI LIKE '*<texto>*' ORDER "
+           u"BY LOCALI",
+           {}}, // postal code
+    Search{4,
+           Store::None,
+           u"SELECT MONCODIGO AS Codigo, MONDESCRIPCION as Moneda FROM MONEDATAB WHERE MONDESCRIPCION LIKE "
+           u"'*<texto>*' ORDER BY MONDESCRIPCION",
+           {}}, // currency
+    Search{5,
+           Store::None,
+           u"SELECT FABCODIGO AS Codigo, FABDESCRIPCION as Fabricantes FROM FABRICA WHERE FABDESCRIPCION "
+           u"LIKE '*<texto>*' ORDER BY FABDESCRIPCION",
+           {}}, // maker
+    Search{6,
+           Store::None,
+           u"SELECT ZCOD as Codigo, ZDEL as Administracion, ZADM as Delegacion FROM DELEG WHERE ZDEL LIKE "
+           u"'*<texto>*' ORDER BY ZDEL",
+           {}}, // tax office
+    Search{7,
+           Store::None,
+           u"SELECT ENTCODIGO AS Codigo, ENTDESCRI as Banco, ENTCUENTA as Cuenta FROM ENTIDAD WHERE "
+           u"ENTDESCRI LIKE '*<texto>*' ORDER BY ENTDESCRI",
+           {}}, // bank
+    Search{8,
+           Store::None,
+           u"SELECT FORMCODIGO AS Codigo, FORMDESCRI as 'Forma de pago' FROM FORMASPAGO WHERE LIKE "
+           u"'*<texto>*' ORDER BY FORMDESCRI",
+           {}}, // payment form
+    Search{9,
+           Store::Zones,
+           u"SELECT ZONCODIGO AS Codigo, ZONDESCRIPCION as Zonas FROM ZONATAB WHERE ZONDESCRIPCION LIKE "
+           u"'*<texto>*' ORDER BY ZONDESCRIPCION",
+           {}}, // zone
+    Search{10,
+           Store::None,
+           u"SELECT FAMICODIGO AS Codigo, FAMIDESCRIPCION as Familia FROM FAMI WHERE FAMIDESCRIPCION LIKE "
+           u"'*<texto>*' ORDER BY FAMIDESCRIPCION",
+           {}}, // family
+    Search{15,
+           Store::Types,
+           u"SELECT TIPOCODIGO as Codigo, TIPODESCRIPCION as 'Tipo de Cliente' FROM TIPOCLI WHERE "
+           u"TIPODESCRIPCION LIKE '*<texto>*' ORDER BY TIPODESCRIPCION",
+           {}}, // client type
+    Search{16,
+           Store::None,
+           u"SELECT CARCODIGO AS Codigo, CARDESCRIPCION as 'Nombre de la cartera' FROM CarteraTabla WHERE "
+           u"CARDESCRIPCION LIKE '*<texto>*' ORDER BY CARDESCRIPCION",
+           {}}, // portfolio
+    Search{17,
+           Store::Representatives,
+           u"SELECT REPCODIGO as Codigo, REPDESCRI as Representante FROM REPTABLA WHERE REPDESCRI LIKE "
+           u"'*<texto>*' ORDER BY REPDESCRI",
+           {}}, // representative
+    Search{18,
+           Store::None,
+           u"SELECT IDICODIGO AS codigo, IDIDESCRIP as Idioma FROM IdiomasTabla WHERE IDIDESCRIP LIKE "
+           u"'*<texto>*' ORDER BY IDIDESCRIP",
+           {}}, // language
+    Search{21,
+           Store::None,
+           u"SELECT PROVCODIGO as Codigo, PROVNOMBRE as Proveedor, PROVLOCALIDAD as Localidad FROM "
+           u"ProveedoresTabla WHERE PROVNOMBRE LIKE '*<texto>*' ORDER BY PROVNOMBRE",
+           {}}, // supplier
+    Search{22, Store::None,
+           u"SELECT PRECOMNumero as Numero, PRECOMNombrecli as Cliente, PRECOMFecha as Fecha FROM "
+           u"PresupuestoTabla WHERE PRECOMCanal ='<canal>' AND PRECOMNOMBRECLI LIKE '*<texto>*' ORDER BY "
+           u"PRECOMNombrecli",
+           u"SELECT PRECOMNumero as Numero, PRECOMNombrecli as Cliente, PRECOMFecha as Fecha FROM "
+           u"PresupuestoTabla WHERE PRECOMCanal ='<canal>' AND PRECOMNOMBRECLI LIKE '*<texto>*' ORDER BY "
+           u"PRECOMNumero DESC"}, // quotation
+    Search{23,
+           Store::None,
+           u"SELECT PROVCODIGO as Codigo,PROVNOMBRE as Transportista,PROVLOCALIDAD as Localidad FROM "
+           u"ProveedoresTabla WHERE ProvTransportista = '1' AND PROVNOMBRE LIKE '*<texto>*' ORDER BY "
+           u"PROVNOMBRE",
+           {}}, // carrier
+    Search{24,
+           Store::None,
+           u"SELECT ESCANCODIGO as Codigo, ESCANDESCRI as Escandallo FROM ESCANTABLA WHERE ESCANDESCRI LIKE "
+           u"'*<texto>*' ORDER BY ESCANDESCRI",
+           {}}, // breakdown
+    Search{25, Store::None,
+           u"SELECT PEDIDOSNumero as Numero, PEDIDOSNombrecli as Cliente, PEDIDOSFecha as Fecha FROM "
+           u"PedidosTabla WHERE PEDIDOSCanal ='<canal>' AND PEDIDOSNombrecli LIKE '*<texto>*' ORDER BY "
+           u"PEDIDOSNombrecli",
+           u"SELECT PEDIDOSNumero as Numero, PEDIDOSNombrecli as Cliente, PEDIDOSFecha as Fecha FROM "
+           u"PedidosTabla WHERE PEDIDOSCanal ='<canal>' AND PEDIDOSNombrecli LIKE '*<texto>*' ORDER BY "
+           u"PEDIDOSNumero DESC"}, // order
+    Search{26, Store::None,
+           u"SELECT ALBARANNumero as Numero, ALBARANNombrecli as Cliente, ALBARANFecha as Fecha FROM "
+           u"AlbaranesTabla WHERE ALBARANCanal ='<canal>' AND ALBARANNombrecli LIKE '*<texto>*' ORDER BY "
+           u"ALBARANNombrecli",
+           u"SELECT ALBARANNumero as Numero, ALBARANNombrecli as Cliente, ALBARANFecha as FEcha FROM "
+           u"AlbaranesTabla WHERE ALBARANCanal ='<canal>' AND ALBARANNombrecli LIKE '*<texto>*' ORDER BY "
+           u"ALBARANNumero DESC"}, // delivery note
+    Search{27, Store::None,
+           u"SELECT FACTURANumero as Numero, FACTURANombrecli as Cliente, FACTURAFecha as Fecha, "
+           u"FACTURATotal as Importe From FacturaTabla Where FACTURACanal ='<canal>' AND FACTURANombrecli "
+           u"LIKE '*<texto>*' ORDER BY FACTURANombrecli ",
+           u"SELECT FACTURANumero as Numero, FACTURANombrecli as CLiente, FACTURAFecha as Fecha, "
+           u"FACTURATotal as Importe From FacturaTabla Where FACTURACanal ='<canal>' AND FACTURANombrecli "
+           u"LIKE '*<texto>*' ORDER BY FACTURANumero DESC "}, // invoice
+    Search{28, Store::None,
+           u"SELECT COMPRASPEDIDOSNumero as Numero, COMPRASPEDIDOSNombrecli as Proveedor, "
+           u"ComprasPEDIDOSNumerosudocu as S-Pedido FROM COMPRASPedidosTabla WHERE COMPRASPEDIDOSCanal "
+           u"='<canal>' AND COMPRASPEDIDOSNombrecli LIKE '*<texto>*' ORDER BY COMPRASPEDIDOSNombrecli",
+           u"SELECT COMPRASPEDIDOSNumero as Numero, COMPRASPEDIDOSNombrecli as Proveedor, "
+           u"ComprasPEDIDOSNumerosudocu as S-Pedido FROM COMPRASPedidosTabla WHERE COMPRASPEDIDOSCanal "
+           u"='<canal>' AND COMPRASPEDIDOSNombrecli LIKE '*<texto>*' ORDER BY COMPRASPEDIDOSNombrecli "
+           u"DESC"}, // purchase order
+    Search{29, Store::None,
+           u"SELECT COMPRASALBARANNumero as Numero, COMPRASALBARANNombrecli as Proveedor, "
+           u"ComprasAlbaranNumerosudocu as S-Albaran FROM COMPRASALBARANESTabla WHERE COMPRASALBARANCanal "
+           u"='<canal>' AND COMPRASALBARANNombrecli LIKE '*<texto>*' ORDER BY COMPRASALBARANNombrecli",
+           u"SELECT COMPRASALBARANNumero as Numero, COMPRASALBARANNombrecli as Proveedor, "
+           u"ComprasAlbaranNumerosudocu as S-Albaran FROM COMPRASALBARANESTabla WHERE COMPRASALBARANCanal "
+           u"='<canal>' AND COMPRASALBARANNombrecli LIKE '*<texto>*' ORDER BY ComprasAlbaranNumerosudocu "
+           u"DESC"}, // purchase delivery note
+    Search{30, Store::None,
+           u"SELECT COMPRASFACTURANumero as Numero, COMPRASFACTURANombrecli as Proveedor, "
+           u"ComprasFACTURANumerosudocu as S-Factura FROM COMPRASFACTURATabla WHERE COMPRASFACTURACanal "
+           u"='<canal>' AND COMPRASFACTURANombrecli LIKE '*<texto>*' ORDER BY COMPRASFACTURANombrecli",
+           u"SELECT COMPRASFACTURANumero as Numero, COMPRASFACTURANombrecli as Proveedor, "
+           u"ComprasFACTURANumerosudocu as S-Factura FROM COMPRASFACTURATabla WHERE COMPRASFACTURACanal "
+           u"='<canal>' AND COMPRASFACTURANombrecli LIKE '*<texto>*' ORDER BY ComprasFACTURANumerosudocu "
+           u"DESC"}, // purchase invoice
+    Search{31,
+           Store::None,
+           u"SELECT TIPOSCODIGO as Codigo, TIPOSDESCRI as Operacion FROM TIPOSGTS WHERE TIPOSDESCRI LIKE "
+           u"'*<texto>*' ORDER BY TIPOSDESCRI",
+           {}}, // operation type
+    Search{40,
+           Store::None,
+           u"SELECT numcuenta as Cuenta, titulodelacuenta as Descripcion FROM cta WHERE TITULODELACUENTA "
+           u"LIKE '*<texto>*' ORDER BY TITULODELACUENTA",
+           {}}, // account
+    Search{41,
+           Store::None,
+           u"SELECT ECOMERCEFAMICODIGO as Codigo, ECOMERCEFAMIDESCRIPCION as Descripcion FROM "
+           u"ECOMERCEFAMITABLA WHERE ECOMERCEFAMIDESCRIPCION LIKE '*<texto>*' ORDER BY "
+           u"ECOMERCEFAMIDESCRIPCION",
+           {}}, // web family
+    Search{333, Store::None,
+           u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, "
+           u"ACUCARTERAFECHARECIBO as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE "
+           u"'*<texto>*' ORDER BY int(ACUCARTERANUMRECIBO)",
+           u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, "
+           u"ACUCARTERAFECHARECIBO as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE "
+           u"'*<texto>*' ORDER BY int(ACUCARTERANUMRECIBO)DESC"}, // receipt
+    Search{20, Store::Clients,
+           u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CLICODPOSTALLOCALI as Localidad "
+           u"FROM CLIENTESTABLA WHERE CLINOMBRE LIKE '*<texto>*' ORDER BY CLINOMBRE",
+           u"SELECT CLICODIGO as Codigo, CLIDIRECCION as Domicilio, CLICODPOSTALLOCALI as Localidad "
+           u"FROM CLIENTESTABLA WHERE CLIDIRECCION LIKE '*<texto>*' ORDER BY CLIDIRECCION"}, // client
+};
 
 constexpr std::array kChoices{
     Choice{.kind = 1, .reachesCaller = false},

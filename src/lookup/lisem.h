@@ -14,6 +14,3 @@ void MuestraLISEM(QWidget* parent);
 /// How the lookup is shown: set by the program's start, answered by tests. Empty: nothing is shown, as if the
 /// user had left it at once.
 void setMuestraLISEM(std::function<void(QWidget* parent)> show);
-
-/// Makes `MuestraLISEM` show the real window. Called once, by the program's start.
-void instalaLISEM();

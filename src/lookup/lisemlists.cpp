@@ -8,6 +8,7 @@
 #include "ui_lisem.h"
 
 #include "lookup/buscar.h"
+#include "lookup/fittedcolumns.h"
 #include "platform/core/regime.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/focusrules.h"
@@ -82,6 +83,7 @@ void LISEM::refresh(const DataControl& datos)
     attempt([&] { rows.MoveFirst(); });
     attempt([&] { ui->busi->bindToArray(std::make_shared<FilasRejilla>(rows.GetRows(rows.RecordCount()))); });
     ponColumnas(*ui->busi, rows);
+    m_columns->fit();
     attempt([&] { rows.Close(); });
     attempt([&] { base.Close(); });
 }
@@ -95,6 +97,7 @@ void LISEM::LEERLISTA()
         if (lookup::listsArticles(TIPOBUSQUEDA))
             ui->Label1->hide(); // the switch of obsolete articles is off
         writeCaption(list.caption);
+        m_columns->fit();
     }
     attempt([&] { platform::setMousePointer(this, platform::kDefaultPointer); });
 }
@@ -156,6 +159,7 @@ void LISEM::searchTyped()
     attempt([&] { fields = found.Fields().Count(); });
     for (int i = 1; i < fields; ++i)
         attempt([&] { ui->busi->setHeading(i, found[i].Name()); });
+    m_columns->fit();
     if (holds([&] { return ui->busi->rows() >= 2; }))
         attempt([&] { ui->busi->setRow(1); });
     attempt([&] { found.Close(); });

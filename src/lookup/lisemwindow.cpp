@@ -4,7 +4,7 @@
 #include "ui_lisem.h"
 
 #include "lookup/buscar.h"
-#include "lookup/lisem.h"
+#include "lookup/fittedcolumns.h"
 #include "platform/core/regime.h"
 #include "platform/window/focusrules.h"
 #include "platform/window/formhelpers.h"
@@ -14,6 +14,7 @@
 #include "shell/globalsat.h"
 
 #include <QCoreApplication>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QVersionNumber>
 
@@ -47,14 +48,6 @@ QString familyItem(const platform::dao::Recordset& families)
 
 } // namespace
 
-void instalaLISEM()
-{
-    setMuestraLISEM([](QWidget* parent) {
-        LISEM window(parent);
-        window.showModal();
-    });
-}
-
 LISEM::LISEM(QWidget* parent)
     : Form(parent)
     , ui(std::make_unique<Ui::LISEM>())
@@ -70,6 +63,8 @@ LISEM::~LISEM() = default;
 void LISEM::setUpControls()
 {
     showPicture(*ui->imgwl, platform::Icon::Application);
+    m_columns = new lookup::FittedColumns(ui->busi);
+    layout()->activate(); // the load computes widths from the grid's, ahead of the first showing
     setMouseTracking(true);
     ui->Text1->setFocus();
 }

@@ -13,6 +13,10 @@
 
 class FilasRejilla;
 
+namespace lookup {
+class FittedColumns;
+}
+
 namespace Ui {
 class LISEM;
 }
@@ -68,8 +72,9 @@ private:
     void showCellTip();
 
     std::unique_ptr<Ui::LISEM> ui;
-    std::uint8_t FILTRADA = 0;                 ///< 1 while the grid shows the result of a typed search
-    double ULTIMAFILA = 0;                     ///< record count less 1 of the last load
-    std::shared_ptr<FilasRejilla> m_foundRows; ///< behind the grid after a typed search
+    std::uint8_t FILTRADA = 0;                  ///< 1 while the grid shows the result of a typed search
+    double ULTIMAFILA = 0;                      ///< record count less 1 of the last load
+    std::shared_ptr<FilasRejilla> m_foundRows;  ///< behind the grid after a typed search
+    lookup::FittedColumns* m_columns = nullptr; ///< owned by the grid
     bool m_familiesRead = false;
 };

@@ -71,6 +71,10 @@ private Q_SLOTS:
     void theTipIsTheCellUnderThePointer();
     void aTipIsNeverMarkup();
     void theLogoTellsTheVersionAndLightsUp();
+    void codesAreReadWholeAndNothingScrollsSideways_data();
+    void codesAreReadWholeAndNothingScrollsSideways();
+    void clientsOfAMissingStoreOpenAnEmptyWindow();
+    void aStoreThatWasClosedLeavesAnEmptyListAndTheCount();
     void everyControlOfTheKeyboardHasAName();
 };
 
@@ -331,6 +335,55 @@ void LisemTest::theLogoTellsTheVersionAndLightsUp()
 
     QVERIFY(lit != plain);
     QCOMPARE(logo.pixmap(Qt::ReturnByValue).toImage(), plain);
+}
+
+void LisemTest::codesAreReadWholeAndNothingScrollsSideways_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::newRow("as designed") << 760;
+    QTest::newRow("narrow") << 480;
+    QTest::newRow("wide") << 1400;
+}
+
+void LisemTest::codesAreReadWholeAndNothingScrollsSideways()
+{
+    QFETCH(int, width);
+    LookupFixture fixture;
+    fixture.givenClients(clients());
+    fixture.open(20);
+    const platform::FlexGrid& grid = fixture.busi();
+
+    fixture.window()->resize(width, 520);
+    QCoreApplication::processEvents();
+
+    QVERIFY(grid.columnWidth(0) > grid.fontMetrics().horizontalAdvance(u"0000000003"_s));
+    QVERIFY(grid.horizontalHeader()->length() <= grid.viewport()->width());
+    QVERIFY(grid.horizontalHeader()->length() > grid.viewport()->width() - grid.cols());
+}
+
+void LisemTest::clientsOfAMissingStoreOpenAnEmptyWindow()
+{
+    LookupFixture fixture;
+
+    fixture.open(20);
+    fixture.search(u"a"_s);
+
+    QVERIFY(fixture.window()->isVisible());
+    QCOMPARE(fixture.busi().rows(), 1);
+    QVERIFY(fixture.busi().redraw());
+}
+
+void LisemTest::aStoreThatWasClosedLeavesAnEmptyListAndTheCount()
+{
+    LookupFixture fixture;
+    fixture.givenTypes(types());
+    fixture.open(15);
+    BDTIPOS.Close();
+
+    fixture.open(15);
+
+    QCOMPARE(fixture.busi().rows(), 1);
+    QCOMPARE(fixture.caption(), u"  Tipos de Cliente  5 Registros"_s);
 }
 
 void LisemTest::everyControlOfTheKeyboardHasAName()

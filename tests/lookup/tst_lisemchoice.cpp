@@ -358,7 +358,10 @@ void LisemChoiceTest::theWindowIsModalAndGivesItsResultBack()
     fixture.givenTypes(types());
     QWidget caller;
     caller.show();
-    instalaLISEM();
+    setMuestraLISEM([](QWidget* parent) {
+        LISEM window(parent);
+        window.showModal();
+    });
     bool wasModal = false;
     QTimer::singleShot(0, [&] {
         auto* window = qobject_cast<LISEM*>(QApplication::activeModalWidget());
