@@ -20,7 +20,8 @@ namespace {
 constexpr std::array kGridColumns{
     GridColumn{.heading = u"F. Incic.", .widthTwips = 1200, .kind = CellKind::Date, .format = u"dd/mm/yyyy"},
     GridColumn{.heading = u"H. Inici.", .widthTwips = 1100},
-    GridColumn{.heading = u"Técnico", .widthTwips = 1700}, // free text: the users that it was to offer are nowhere
+    GridColumn{.heading = u"Técnico",
+               .widthTwips = 1700}, // free text: the users that it was to offer are nowhere
     GridColumn{.heading = u"F. Final", .widthTwips = 1200, .kind = CellKind::Date, .format = u"dd/mm/yyyy"},
     GridColumn{.heading = u"H. Final", .widthTwips = 1100},
     GridColumn{.heading = u"Estado", .widthTwips = 1000, .list = u"01 Abierta|02 Cerrada"},

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The page of consultations of the client window: one consultation in its fields, and the tree of those of the client.
-// It works on `RSCONSULTAS` and on the few controls of the window that it is given; it knows nothing else of the window.
-// Every procedure runs in skip mode and shows no message.
+// The page of consultations of the client window: one consultation in its fields, and the tree of those of
+// the client. It works on `RSCONSULTAS` and on the few controls of the window that it is given; it knows
+// nothing else of the window. Every procedure runs in skip mode and shows no message.
 
 #include <QWidget>
 
@@ -22,9 +22,9 @@ class TextBox;
 /// Controls of the client window that the page's procedures use. Borrowed; they live as long as the page.
 struct ClientControls
 {
-    platform::TextBox* Text49 = nullptr;        // code of the client
-    platform::FlexGrid* vsFlexGrid4 = nullptr;  // telephones
-    platform::TabPages* SSTab1 = nullptr;       // pages of the window
+    platform::TextBox* Text49 = nullptr;       // code of the client
+    platform::FlexGrid* vsFlexGrid4 = nullptr; // telephones
+    platform::TabPages* SSTab1 = nullptr;      // pages of the window
 };
 
 class ConsultasPage : public QWidget
@@ -51,8 +51,8 @@ public:
     // consultationrecord.cpp
     /// Shows the consultation of the tree's selected node. Without a match the page stays as it was.
     void leerconsulas();
-    /// Writes the page to the store, then clears it. Keeps the number of a consultation that was read; a new one whose
-    /// number is taken gets the count of the table plus 1.
+    /// Writes the page to the store, then clears it. Keeps the number of a consultation that was read; a new
+    /// one whose number is taken gets the count of the table plus 1.
     void GUARDARCONSULTAS();
     /// Deletes every consultation of the client. No command calls it.
     void BORRACONSULTAS();

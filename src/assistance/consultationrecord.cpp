@@ -26,8 +26,9 @@ struct CellColumn
 
 /// Cells of row 1 of `vsFlexGrid6`, in the order of reading and writing.
 constexpr std::array kCells{
-    CellColumn{0, u"FEINICIO"}, CellColumn{1, u"HOINICIO"}, CellColumn{2, u"TECNICO"},       CellColumn{3, u"FEFINAL"},
-    CellColumn{4, u"HOFINAL"},  CellColumn{5, u"ESTADO"},   CellColumn{6, u"conpublicable"},
+    CellColumn{0, u"FEINICIO"},      CellColumn{1, u"HOINICIO"}, CellColumn{2, u"TECNICO"},
+    CellColumn{3, u"FEFINAL"},       CellColumn{4, u"HOFINAL"},  CellColumn{5, u"ESTADO"},
+    CellColumn{6, u"conpublicable"},
 };
 
 /// Characters of a node's text, and of the number field, that are the number.
@@ -134,9 +135,8 @@ void ConsultasPage::proposeNumber()
         return;
     }
     attempt([] { RSCONSULTAS.MoveLast(); });
-    attempt([&] {
-        ui->Text10->setText(platform::CStr(platform::asNumber(RSCONSULTAS[u"ORDEN"].Value()) + 1));
-    });
+    attempt(
+        [&] { ui->Text10->setText(platform::CStr(platform::asNumber(RSCONSULTAS[u"ORDEN"].Value()) + 1)); });
     fillNumber();
 }
 

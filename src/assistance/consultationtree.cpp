@@ -25,7 +25,8 @@ constexpr int kClosedRootImage = 2;
 constexpr int kPendingRootImage = 3;
 constexpr int kConsultationImage = 4;
 
-/// Number and subject. The parts fail each alone: a number of more than ten digits, or a Null subject, stays empty.
+/// Number and subject. The parts fail each alone: a number of more than ten digits, or a Null subject, stays
+/// empty.
 QString nodeText(const Recordset& row)
 {
     QString digits;
@@ -69,8 +70,9 @@ void ConsultasPage::leeconsultree()
     attempt([&] { client = platform::Trim(m_client.Text49->text()); });
     Recordset rows;
     attempt([&] {
-        rows = BDASISTENCIAS.OpenRecordset(
-            u"SELECT CONS.* From CONS WHERE (((CONS.CLICONSULTA)='"_s + client + u"'))"_s, platform::dao::dbOpenDynaset);
+        rows = BDASISTENCIAS.OpenRecordset(u"SELECT CONS.* From CONS WHERE (((CONS.CLICONSULTA)='"_s +
+                                               client + u"'))"_s,
+                                           platform::dao::dbOpenDynaset);
     });
     attempt([&] { rows.MoveLast(); });
     attempt([&] { rows.MoveFirst(); });
@@ -89,7 +91,9 @@ void ConsultasPage::leeconsultree()
         }
         if (holds([&] { return stateCode(rows) == u"02"; })) {
             ++closed;
-            attempt([&] { tree.nodesAdd(u"B"_s, u'B' + QString::number(closed), nodeText(rows), kConsultationImage); });
+            attempt([&] {
+                tree.nodesAdd(u"B"_s, u'B' + QString::number(closed), nodeText(rows), kConsultationImage);
+            });
         }
     });
     attempt([&] { rows.Close(); });

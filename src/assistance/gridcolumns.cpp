@@ -22,10 +22,13 @@ void forEachColumn(std::span<const GridColumn> columns, Step&& step)
 
 void setCellKinds(FlexGrid& grid, std::span<const GridColumn> columns)
 {
-    forEachColumn(columns, [&](int col, const GridColumn& column) { grid.setColList(col, column.list.toString()); });
     forEachColumn(columns,
-                  [&](int col, const GridColumn& column) { grid.setColFormat(col, column.format.toString()); });
-    forEachColumn(columns, [&](int col, const GridColumn& column) { grid.setColMask(col, column.mask.toString()); });
+                  [&](int col, const GridColumn& column) { grid.setColList(col, column.list.toString()); });
+    forEachColumn(columns, [&](int col, const GridColumn& column) {
+        grid.setColFormat(col, column.format.toString());
+    });
+    forEachColumn(columns,
+                  [&](int col, const GridColumn& column) { grid.setColMask(col, column.mask.toString()); });
     forEachColumn(columns, [&](int col, const GridColumn& column) { grid.setColKind(col, column.kind); });
 }
 
@@ -33,13 +36,15 @@ void setCellKinds(FlexGrid& grid, std::span<const GridColumn> columns)
 
 void drawGridColumns(FlexGrid& grid, std::span<const GridColumn> columns)
 {
-    forEachColumn(columns,
-                  [&](int col, const GridColumn& column) { grid.setHeading(col, column.heading.toString()); });
+    forEachColumn(
+        columns, [&](int col, const GridColumn& column) { grid.setHeading(col, column.heading.toString()); });
     forEachColumn(columns, [&](int col, const GridColumn& column) {
         grid.setHeadingAlignment(col, column.headingAlignment);
     });
-    forEachColumn(columns, [&](int col, const GridColumn& column) { grid.setColAlignment(col, column.alignment); });
-    forEachColumn(columns, [&](int col, const GridColumn& column) { grid.setColWidth(col, column.widthTwips); });
+    forEachColumn(columns,
+                  [&](int col, const GridColumn& column) { grid.setColAlignment(col, column.alignment); });
+    forEachColumn(columns,
+                  [&](int col, const GridColumn& column) { grid.setColWidth(col, column.widthTwips); });
     setCellKinds(grid, columns);
 }
 

@@ -8,8 +8,8 @@
 
 #include <utility>
 
-/// Runs `body` for each row from the current one to the end. A recordset that can't tell its end, as after a query
-/// that failed, gives one pass; a row that can't be left ends the walk.
+/// Runs `body` for each row from the current one to the end. A recordset that can't tell its end, as after a
+/// query that failed, gives one pass; a row that can't be left ends the walk.
 template <typename Body>
 void walkToEnd(platform::dao::Recordset& rows, Body&& body)
 {

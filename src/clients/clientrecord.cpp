@@ -91,8 +91,10 @@ struct AccountField
 };
 
 const std::array kAccountFields{
-    AccountField{&CUENTANOMBRE, &Ui_climant::Text51, 35},   AccountField{&CUENTADIRECCION, &Ui_climant::Text4, 35},
-    AccountField{&CUENTACPOSTAL, &Ui_climant::Text5, 5},    AccountField{&CUENTALOCALIDAD, &Ui_climant::Text6, 35},
+    AccountField{&CUENTANOMBRE, &Ui_climant::Text51, 35},
+    AccountField{&CUENTADIRECCION, &Ui_climant::Text4, 35},
+    AccountField{&CUENTACPOSTAL, &Ui_climant::Text5, 5},
+    AccountField{&CUENTALOCALIDAD, &Ui_climant::Text6, 35},
     AccountField{&CUENTANIF, &Ui_climant::Text8, 10},
 };
 
@@ -132,10 +134,10 @@ void climant::readTelephones()
 {
     Recordset rows;
     attempt([&] {
-        rows = BDTELEFONOS.OpenRecordset(u"SELECT TELEFON.* From TELEFON WHERE (((TELEFON.TELECODIGOEMPRESA)='"_s
-                                             + NUMEMPRESA + u"') AND ((TELEFON.TELECODIGO)='"_s + ui->Text49->text()
-                                             + u"'))"_s,
-                                         platform::dao::dbOpenDynaset);
+        rows = BDTELEFONOS.OpenRecordset(
+            u"SELECT TELEFON.* From TELEFON WHERE (((TELEFON.TELECODIGOEMPRESA)='"_s + NUMEMPRESA +
+                u"') AND ((TELEFON.TELECODIGO)='"_s + ui->Text49->text() + u"'))"_s,
+            platform::dao::dbOpenDynaset);
     });
     attempt([&] { rows.MoveLast(); });
     attempt([&] { rows.MoveFirst(); });

@@ -97,8 +97,8 @@ void climant::onFirstShown()
     attempt([&] { Text49_GotFocus(); });
 }
 
-/// Every key before the control gets it. No field of this window is aligned right; the rule stands for those that
-/// may be.
+/// Every key before the control gets it. No field of this window is aligned right; the rule stands for those
+/// that may be.
 void climant::formKeyDown(int key)
 {
     const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -158,19 +158,25 @@ void climant::connectGrids()
            [shipping](int, int col, bool*) { limitEdit(*shipping, kShippingGrid, col); });
     handle(shipping, &FlexGrid::AfterEdit, this,
            [this, shipping](int row, int col) { keepOneTick(*shipping, row, col, kShippingTickCol); });
-    handle(shipping, &FlexGrid::CellButtonClick, this, [this](int, int col) { vsFlexGrid1_CellButtonClick(col); });
-    handle(shipping, &FlexGrid::MouseDown, this, [this](Qt::MouseButton button) { vsFlexGrid1_MouseDown(button); });
+    handle(shipping, &FlexGrid::CellButtonClick, this,
+           [this](int, int col) { vsFlexGrid1_CellButtonClick(col); });
+    handle(shipping, &FlexGrid::MouseDown, this,
+           [this](Qt::MouseButton button) { vsFlexGrid1_MouseDown(button); });
 
-    handle(banks, &FlexGrid::StartEdit, this, [banks](int, int col, bool*) { limitEdit(*banks, kBankGrid, col); });
+    handle(banks, &FlexGrid::StartEdit, this,
+           [banks](int, int col, bool*) { limitEdit(*banks, kBankGrid, col); });
     handle(banks, &FlexGrid::AfterEdit, this,
            [this, banks](int row, int col) { keepOneTick(*banks, row, col, kBankTickCol); });
-    handle(banks, &FlexGrid::MouseDown, this, [this](Qt::MouseButton button) { vsFlexGrid2_MouseDown(button); });
+    handle(banks, &FlexGrid::MouseDown, this,
+           [this](Qt::MouseButton button) { vsFlexGrid2_MouseDown(button); });
 
     handle(ui->vsFlexGrid3, &FlexGrid::CellButtonClick, this,
            [this](int, int col) { vsFlexGrid3_CellButtonClick(col); });
-    handle(ui->vsFlexGrid3, &FlexGrid::MouseDown, this, [this](Qt::MouseButton button) { showLineMenu(button); });
+    handle(ui->vsFlexGrid3, &FlexGrid::MouseDown, this,
+           [this](Qt::MouseButton button) { showLineMenu(button); });
 
-    handle(m_menucli->findChild<QAction*>(u"eliminar"_s), &QAction::triggered, this, [this] { eliminar_Click(); });
+    handle(m_menucli->findChild<QAction*>(u"eliminar"_s), &QAction::triggered, this,
+           [this] { eliminar_Click(); });
 }
 
 void climant::connectCommands()
@@ -185,7 +191,8 @@ void climant::connectCommands()
 void climant::connectPictures()
 {
     const auto showFirst = [this] { showPicture(*ui->imgwl, kFirstPicture); };
-    handle(ui->imgwl, &platform::ImageLabel::MouseMove, this, [this] { showPicture(*ui->imgwl, kSecondPicture); });
+    handle(ui->imgwl, &platform::ImageLabel::MouseMove, this,
+           [this] { showPicture(*ui->imgwl, kSecondPicture); });
     handle(ui->BAJO, &platform::ImageLabel::MouseMove, this, showFirst);
     handle(ui->SSListBar1, &platform::ListBar::MouseMove, this, showFirst);
     handle(ui->SSTab1, &platform::TabPages::MouseMove, this, showFirst);

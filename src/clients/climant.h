@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The client window: one client at a time, with its lines, concepts and consultations. It works directly on the held
-// recordsets; what is on the screen is all the state there is, and no mark tells a changed client from one just read.
+// The client window: one client at a time, with its lines, concepts and consultations. It works directly on
+// the held recordsets; what is on the screen is all the state there is, and no mark tells a changed client
+// from one just read.
 //
-// Its procedures take nothing, return nothing and run in skip mode, but for the few where it is said otherwise.
+// Its procedures take nothing, return nothing and run in skip mode, but for the few where it is said
+// otherwise.
 
 #include "platform/window/form.h"
 
@@ -35,16 +37,19 @@ public:
     int LINEABANCOS = 0;
 
     // clientrecord.cpp
-    /// Brings the client of `Text49` to the window. A code that isn't in the store leaves every field as it is.
+    /// Brings the client of `Text49` to the window. A code that isn't in the store leaves every field as it
+    /// is.
     void LeerClientes();
-    /// Merges the window into the store, table after table. Without a code nothing is stored but the account's link.
+    /// Merges the window into the store, table after table. Without a code nothing is stored but the
+    /// account's link.
     void EscribeCliente();
     /// Empties fields and grids and gives the focus to the code.
     void limpiaclientes();
 
     // linegrids.cpp
     void DIBUJAREJAS();
-    /// The three delete the line where the grid's cursor stands, at once. A line that isn't in the store stays.
+    /// The three delete the line where the grid's cursor stands, at once. A line that isn't in the store
+    /// stays.
     void borraunalinea();
     void BORRAUNALINEABANCOS();
     void BORRAUNALINEATELEFON();

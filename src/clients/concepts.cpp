@@ -38,7 +38,11 @@ constexpr QStringView kKinds = u"#1*0;F\tFijo:Todos los períodos mismo importe"
 
 constexpr GridColumn dateColumn(QStringView heading)
 {
-    return {.heading = heading, .widthTwips = 1000, .kind = CellKind::Date, .format = kDateFormat, .mask = kDateMask};
+    return {.heading = heading,
+            .widthTwips = 1000,
+            .kind = CellKind::Date,
+            .format = kDateFormat,
+            .mask = kDateMask};
 }
 
 constexpr GridColumn amountColumn(QStringView heading)
@@ -63,7 +67,8 @@ constexpr std::array kConceptGrid{
     amountColumn(u"Precio"),
     GridColumn{.heading = u"Imp.", .widthTwips = 500}, // its list and the next one's are filled by nothing
     GridColumn{.heading = u"Irpf", .widthTwips = 500},
-    GridColumn{.heading = u"Causa de la baja", .widthTwips = 2000, .alignment = kLeft, .headingAlignment = kLeft},
+    GridColumn{
+        .heading = u"Causa de la baja", .widthTwips = 2000, .alignment = kLeft, .headingAlignment = kLeft},
     GridColumn{.heading = u"Nº de Serie", .alignment = kLeft, .headingAlignment = kLeft},
 };
 
@@ -169,8 +174,8 @@ void climant::readConcepts()
     Recordset rows;
     attempt([&] {
         rows = BDCLIENTES.OpenRecordset(u"SELECT clientescyctabla.* From clientescyctabla WHERE "
-                                        "(((clientescyctabla.clientescyccliente)='"_s
-                                            + ui->Text49->text() + u"')) "_s,
+                                        "(((clientescyctabla.clientescyccliente)='"_s +
+                                            ui->Text49->text() + u"')) "_s,
                                         platform::dao::dbOpenDynaset);
     });
     attempt([&] { rows.MoveLast(); });

@@ -65,8 +65,8 @@ QStringView keyColumn(const LineTable& table)
     return {};
 }
 
-/// Reads the record that the walk stands on into the grid's line after `line`. The key is sought trimmed, so another
-/// record may be found, or none; the walk goes on from where it stood all the same.
+/// Reads the record that the walk stands on into the grid's line after `line`. The key is sought trimmed, so
+/// another record may be found, or none; the walk goes on from where it stood all the same.
 void readWalkedLine(const LineTable& table, QStringView clientColumn, const QString& client, int& line)
 {
     platform::Value storedClient;

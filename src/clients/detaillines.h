@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The lines of a client in a detail table and in their grid: one record a line. Everything here runs in skip mode.
+// The lines of a client in a detail table and in their grid: one record a line. Everything here runs in skip
+// mode.
 
 #include <QString>
 #include <QStringView>
@@ -46,16 +47,17 @@ struct LineTable
     int keyCol; ///< the cell without which a line isn't one
 };
 
-/// Walks the whole table in index order and writes the records whose `clientColumn` is `client` to the grid's lines
-/// from 1 on. Records beyond the grid's last line are written over it.
+/// Walks the whole table in index order and writes the records whose `clientColumn` is `client` to the grid's
+/// lines from 1 on. Records beyond the grid's last line are written over it.
 void readLines(const LineTable& table, QStringView clientColumn, const QString& client);
 
 /// Writes a line's cells, left to right, from the current record to the grid's current row.
 void readCells(const LineTable& table, const platform::dao::Recordset& record);
 
-/// Merges every line with a key into the table: found by the fixed columns and the key it is changed, else added.
+/// Merges every line with a key into the table: found by the fixed columns and the key it is changed, else
+/// added.
 void writeLines(const LineTable& table, std::span<const FixedColumn> fixed);
 
-/// Deletes the record of the grid's current line and empties the line; a line that isn't in the table stays. `fixed`
-/// are the leading key columns.
+/// Deletes the record of the grid's current line and empties the line; a line that isn't in the table stays.
+/// `fixed` are the leading key columns.
 void deleteLine(const LineTable& table, std::span<const FixedColumn> fixed);

@@ -32,10 +32,10 @@ struct AccountColumn
 };
 
 const std::array kAccountColumns{
-    AccountColumn{u"numcuenta", &CUENTACODIGO},      AccountColumn{u"titulodelacuenta", &CUENTANOMBRE},
-    AccountColumn{u"domicilio", &CUENTADIRECCION},   AccountColumn{u"CP", &CUENTACPOSTAL},
-    AccountColumn{u"localidad", &CUENTALOCALIDAD},   AccountColumn{u"NIF", &CUENTANIF},
-    AccountColumn{u"telefono", &CUENTATELEFONO},     AccountColumn{u"fax", &CUENTAFAX},
+    AccountColumn{u"numcuenta", &CUENTACODIGO},    AccountColumn{u"titulodelacuenta", &CUENTANOMBRE},
+    AccountColumn{u"domicilio", &CUENTADIRECCION}, AccountColumn{u"CP", &CUENTACPOSTAL},
+    AccountColumn{u"localidad", &CUENTALOCALIDAD}, AccountColumn{u"NIF", &CUENTANIF},
+    AccountColumn{u"telefono", &CUENTATELEFONO},   AccountColumn{u"fax", &CUENTAFAX},
 };
 
 void addAccount(Recordset& accounts)
@@ -57,8 +57,8 @@ void blankFirstComma(QString& text)
 
 QString accountLine()
 {
-    return CUENTACODIGO + u',' + CUENTANOMBRE + u",4300,0,0,5,A"_s + u',' + CUENTANIF + u',' + CUENTADIRECCION
-           + u',' + CUENTALOCALIDAD + u",,,"_s + CUENTACPOSTAL + u",0"_s.repeated(32);
+    return CUENTACODIGO + u',' + CUENTANOMBRE + u",4300,0,0,5,A"_s + u',' + CUENTANIF + u',' +
+           CUENTADIRECCION + u',' + CUENTALOCALIDAD + u",,,"_s + CUENTACPOSTAL + u",0"_s.repeated(32);
 }
 
 void ESCRIBIRCUENTA()

@@ -46,7 +46,8 @@ void loadDescription(const Catalogue& catalogue)
     // Never updated: the next positioning drops it.
     attempt([&] { catalogue.rows.Edit(); });
     attempt([&] { catalogue.code.setText(asText(catalogue.rows[catalogue.codeColumn].Value())); });
-    attempt([&] { catalogue.description.setText(asText(catalogue.rows[catalogue.descriptionColumn].Value())); });
+    attempt(
+        [&] { catalogue.description.setText(asText(catalogue.rows[catalogue.descriptionColumn].Value())); });
 }
 
 bool isBlank(const TextBox& field)
@@ -147,8 +148,8 @@ void climant::Text9_GotFocus()
     attempt([&] { ui->Text9->setText(u"430"_s + zeros + digits); });
 }
 
-/// Fills locality and province from the postal code. As long as no store of postal codes is open its failing test
-/// empties them.
+/// Fills locality and province from the postal code. As long as no store of postal codes is open its failing
+/// test empties them.
 void climant::Text6_GotFocus()
 {
     const QString postalCode = platform::Trim(ui->Text5->text());

@@ -16,7 +16,8 @@ inline constexpr int kConceptsPage = 2;
 inline constexpr int kShippingTickCol = 5;
 inline constexpr int kBankTickCol = 6;
 
-inline constexpr std::array kShippingColumns{ // vsFlexGrid1, CLIDIRENVIOS
+inline constexpr std::array kShippingColumns{
+    // vsFlexGrid1, CLIDIRENVIOS
     LineColumn{0, u"CLIENVIDIRECCION", CellWriting::Trimmed},
     LineColumn{1, u"CLIENVICPOSTAL", CellWriting::AsItStands},
     LineColumn{2, u"CLIENVILOCALIDAD", CellWriting::AsItStands},
@@ -25,7 +26,8 @@ inline constexpr std::array kShippingColumns{ // vsFlexGrid1, CLIDIRENVIOS
     LineColumn{kShippingTickCol, u"CLIENVIACTIVA", CellWriting::Tick},
 };
 
-inline constexpr std::array kBankColumns{ // vsFlexGrid2, CLIBANCOSDISP
+inline constexpr std::array kBankColumns{
+    // vsFlexGrid2, CLIBANCOSDISP
     LineColumn{0, u"CLIBANCOSBANCO", CellWriting::AsItStands},
     LineColumn{1, u"CLIBANCOSENTIDAD", CellWriting::AsItStands},
     LineColumn{2, u"CLIBANCOSSUCURSAL", CellWriting::AsItStands},
@@ -35,7 +37,8 @@ inline constexpr std::array kBankColumns{ // vsFlexGrid2, CLIBANCOSDISP
     LineColumn{kBankTickCol, u"CLIBANCOSACTIVA", CellWriting::Tick},
 };
 
-inline constexpr std::array kTelephoneColumns{ // vsFlexGrid4, TELEFON
+inline constexpr std::array kTelephoneColumns{
+    // vsFlexGrid4, TELEFON
     LineColumn{0, u"TELETELEFONO", CellWriting::Trimmed},
     LineColumn{1, u"TELEEXTENSION", CellWriting::AsItStands},
     LineColumn{2, u"TELEFAX", CellWriting::AsItStands}, // the list item whole, such as "01 Voz"
@@ -68,6 +71,7 @@ inline constexpr std::array kBankGrid{
 inline constexpr std::array kTelephoneGrid{
     GridColumn{.heading = u"Telefono", .widthTwips = 1500, .editLimit = 15},
     GridColumn{.heading = u"Extensión", .widthTwips = 1000, .editLimit = 5},
-    GridColumn{.heading = u"Tipo", .widthTwips = 1200, .editLimit = 15, .list = u"01 Voz|02 Datos|03 Fax|04 Móvil"},
+    GridColumn{
+        .heading = u"Tipo", .widthTwips = 1200, .editLimit = 15, .list = u"01 Voz|02 Datos|03 Fax|04 Móvil"},
     GridColumn{.heading = u"Pers. de Contacto o Departamento", .editLimit = 35},
 };

@@ -86,8 +86,9 @@ void climant::searchTelephone()
     Recordset rows;
     platform::clearError();
     attempt([&] {
-        rows = BDTELEFONOS.OpenRecordset(u"SELECT TELECODIGO From TELEFON WHERE TELECODIGOEMPRESA='"_s + NUMEMPRESA
-                                             + u"' AND TELETELEFONO='"_s + ui->Text14->text() + u"'"_s,
+        rows = BDTELEFONOS.OpenRecordset(u"SELECT TELECODIGO From TELEFON WHERE TELECODIGOEMPRESA='"_s +
+                                             NUMEMPRESA + u"' AND TELETELEFONO='"_s + ui->Text14->text() +
+                                             u"'"_s,
                                          platform::dao::dbOpenDynaset);
     });
     if (platform::lastError() != 0)
@@ -99,7 +100,8 @@ void climant::searchTelephone()
     } else {
         attempt([] {
             platform::messageBox({u"El clientes a buscar no existe en la base de datos"_s,
-                                  u"Orvane.- Servicio de asistencia técnica"_s, platform::MessageIcon::Information});
+                                  u"Orvane.- Servicio de asistencia técnica"_s,
+                                  platform::MessageIcon::Information});
         });
     }
     attempt([&] { rows.Close(); });

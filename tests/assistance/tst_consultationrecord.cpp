@@ -31,10 +31,6 @@ private Q_SLOTS:
     void cleanup() { f.reset(); }
 
     void gridHasItsHeadingsWidthsAndLists();
-    void numberCannotBeTyped();
-    void newOnAnEmptyTableShowsAPlainOne();
-    void readOnAnEmptyTableShowsAFilledOne();
-    void numberFollowsTheHighestOfAnyClient();
     void savedConsultationHoldsEveryColumn();
     void saveStampsTheEndWhateverItHeld();
     void saveClearsThePageWithoutDefaults();
@@ -43,18 +39,10 @@ private Q_SLOTS:
     void clientWithoutConceptsStoresMinusOne();
     void subjectTooLongLeavesTheColumnAlone();
     void clickOnANodeShowsTheConsultation();
-    void readNumberIsShownFilled();
-    void savingAReadConsultationKeepsItsNumber();
     void closedConsultationMayBeReopened();
-    void newAfterAReadAddsARecord();
-    void numberTakenMeanwhileGetsTheCountPlusOne();
-    void numberTakenByAnotherClientIsStoredTwice();
-    void numberTakenWhileAReadOneIsShownIsOverwritten();
-    void duplicateKeyLosesTheConsultationInSilence();
     void nullColumnLeavesTheControl();
     void positionBeyondTheListLeavesTheSelection_data();
     void positionBeyondTheListLeavesTheSelection();
-    void newKeepsTheMarkOfARead();
     void clearingPutsTheTelephonesOnTheHeading();
     void clearingBringsTheConsultationsUp();
     void textsOfSeveralLinesKeepTheirLineEnds();
@@ -68,7 +56,8 @@ private:
     QString row(int col) const { return f->cell(u"vsFlexGrid6"_s, 1, col); }
     QStringList stored(const QString& columns = u"ORDEN, CLICONSULTA, TEMA"_s) const
     {
-        return ClientFixture::rows(BDASISTENCIAS, u"SELECT "_s + columns + u" FROM CONS ORDER BY ORDEN, CLICONSULTA"_s);
+        return ClientFixture::rows(BDASISTENCIAS,
+                                   u"SELECT "_s + columns + u" FROM CONS ORDER BY ORDEN, CLICONSULTA"_s);
     }
     void openClient(const QString& code = u"C1"_s)
     {
@@ -80,7 +69,8 @@ private:
     {
         auto* tree = f->control<platform::TreeView>(u"TreeView1"_s);
         tree->ensureNodeVisible(key);
-        const QList<QTreeWidgetItem*> found = tree->findItems(tree->nodeText(key), Qt::MatchExactly | Qt::MatchRecursive);
+        const QList<QTreeWidgetItem*> found =
+            tree->findItems(tree->nodeText(key), Qt::MatchExactly | Qt::MatchRecursive);
         QVERIFY(!found.isEmpty());
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(found.first()).center());
     }
@@ -95,50 +85,14 @@ void ConsultationRecordTest::gridHasItsHeadingsWidthsAndLists()
 
     QCOMPARE(grid->rows(), 2);
     QCOMPARE(f->line(u"vsFlexGrid6"_s, 0),
-             QStringList({u"F. Incic."_s, u"H. Inici."_s, u"Técnico"_s, u"F. Final"_s, u"H. Final"_s, u"Estado"_s,
-                          u"Publicable"_s}));
+             QStringList({u"F. Incic."_s, u"H. Inici."_s, u"Técnico"_s, u"F. Final"_s, u"H. Final"_s,
+                          u"Estado"_s, u"Publicable"_s}));
     const QList<int> widths{1200, 1100, 1700, 1200, 1100, 1000, 100};
     for (int col = 0; col < widths.size(); ++col)
         QCOMPARE(grid->colWidth(col), widths.at(col));
     QCOMPARE(grid->column(5).list.items.size(), 2);
     QCOMPARE(grid->column(6).list.items.first().cellText, u"01 Si"_s);
     QVERIFY(grid->column(2).list.isPlain());
-}
-
-void ConsultationRecordTest::numberCannotBeTyped()
-{
-    f->open();
-
-    QVERIFY(!f->box(u"Text10"_s)->isEnabled());
-    QCOMPARE(f->box(u"Text10"_s)->maxLength(), 10);
-}
-
-void ConsultationRecordTest::newOnAnEmptyTableShowsAPlainOne()
-{
-    openClient();
-
-    f->click(u"Command7"_s);
-
-    QCOMPARE(f->text(u"Text10"_s), u"1"_s);
-}
-
-void ConsultationRecordTest::readOnAnEmptyTableShowsAFilledOne()
-{
-    openClient();
-
-    QCOMPARE(f->text(u"Text10"_s), u"0000000001"_s);
-}
-
-void ConsultationRecordTest::numberFollowsTheHighestOfAnyClient()
-{
-    f->addConsultation(12, u"C2"_s, u"de otro"_s);
-    f->addConsultation(3, u"C1"_s, u"suya"_s);
-    openClient();
-    QCOMPARE(f->text(u"Text10"_s), u"0000000013"_s);
-
-    f->click(u"Command7"_s);
-
-    QCOMPARE(f->text(u"Text10"_s), u"0000000013"_s);
 }
 
 void ConsultationRecordTest::savedConsultationHoldsEveryColumn()
@@ -247,34 +201,11 @@ void ConsultationRecordTest::clickOnANodeShowsTheConsultation()
     QCOMPARE(f->text(u"Text11"_s), u"no enciende"_s);
     QCOMPARE(f->control<platform::ComboList>(u"Combo3"_s)->listIndex(), 1);
     QCOMPARE(f->line(u"vsFlexGrid6"_s, 1),
-             QStringList({u"01/02/2026"_s, u"10:00:00"_s, u"luis"_s, u"02/02/2026"_s, u"11:00:00"_s, u"02 Cerrada"_s,
-                          u"02 No"_s}));
+             QStringList({u"01/02/2026"_s, u"10:00:00"_s, u"luis"_s, u"02/02/2026"_s, u"11:00:00"_s,
+                          u"02 Cerrada"_s, u"02 No"_s}));
     QCOMPARE(f->text(u"Text12"_s), u"pregunta"_s);
     QCOMPARE(f->text(u"Text13"_s), u"respuesta"_s);
     QCOMPARE(page()->CONSULTALEIDA, 1);
-}
-
-void ConsultationRecordTest::readNumberIsShownFilled()
-{
-    f->addConsultation(7, u"C1"_s, u"tema"_s);
-    openClient();
-
-    clickNode(u"A1"_s);
-
-    QCOMPARE(f->text(u"Text10"_s), u"0000000007"_s);
-}
-
-void ConsultationRecordTest::savingAReadConsultationKeepsItsNumber()
-{
-    f->addConsultation(7, u"C1"_s, u"tema"_s);
-    openClient();
-    clickNode(u"A1"_s);
-    f->type(u"Text11"_s, u"otro tema"_s);
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(u"ORDEN, TEMA, FEFINAL"_s), QStringList(u"7|otro tema|20/11/2026"_s));
-    QCOMPARE(f->text(u"Text11"_s), QString());
 }
 
 void ConsultationRecordTest::closedConsultationMayBeReopened()
@@ -287,72 +218,6 @@ void ConsultationRecordTest::closedConsultationMayBeReopened()
     f->click(u"Command6"_s);
 
     QCOMPARE(stored(u"ORDEN, ESTADO"_s), QStringList(u"7|01 Abierta"_s));
-}
-
-void ConsultationRecordTest::newAfterAReadAddsARecord()
-{
-    f->addConsultation(7, u"C1"_s, u"tema"_s);
-    openClient();
-    clickNode(u"A1"_s);
-    f->click(u"Command7"_s);
-    QCOMPARE(page()->CONSULTALEIDA, 1);
-    f->type(u"Text11"_s, u"nueva"_s);
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(), QStringList({u"7|C1|tema"_s, u"8|C1|nueva"_s}));
-}
-
-void ConsultationRecordTest::numberTakenMeanwhileGetsTheCountPlusOne()
-{
-    f->addConsultation(41, u"C2"_s, u"de otro"_s);
-    openClient();
-    f->type(u"Text11"_s, u"mía"_s);
-    f->addConsultation(42, u"C1"_s, u"de otra estación"_s);
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(), QStringList({u"3|C1|mía"_s, u"41|C2|de otro"_s, u"42|C1|de otra estación"_s}));
-}
-
-void ConsultationRecordTest::numberTakenByAnotherClientIsStoredTwice()
-{
-    openClient();
-    f->type(u"Text11"_s, u"mía"_s);
-    f->addConsultation(1, u"C2"_s, u"de otra estación"_s);
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(), QStringList({u"1|C1|mía"_s, u"1|C2|de otra estación"_s}));
-}
-
-void ConsultationRecordTest::numberTakenWhileAReadOneIsShownIsOverwritten()
-{
-    f->addConsultation(7, u"C1"_s, u"tema"_s);
-    openClient();
-    clickNode(u"A1"_s);
-    f->click(u"Command7"_s);
-    f->type(u"Text11"_s, u"mía"_s);
-    f->addConsultation(8, u"C1"_s, u"de otra estación"_s);
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(), QStringList({u"7|C1|tema"_s, u"8|C1|mía"_s}));
-}
-
-void ConsultationRecordTest::duplicateKeyLosesTheConsultationInSilence()
-{
-    f->addConsultation(3, u"C1"_s, u"tercera"_s);
-    openClient();
-    f->type(u"Text11"_s, u"mía"_s);
-    f->addConsultation(4, u"C1"_s, u"de otra estación"_s);
-    // The count plus 1 is 3, which is taken as well.
-
-    f->click(u"Command6"_s);
-
-    QCOMPARE(stored(), QStringList({u"3|C1|tercera"_s, u"4|C1|de otra estación"_s}));
-    QCOMPARE(f->text(u"Text11"_s), QString());
-    QVERIFY(f->messages.isEmpty());
 }
 
 void ConsultationRecordTest::nullColumnLeavesTheControl()
@@ -395,16 +260,6 @@ void ConsultationRecordTest::positionBeyondTheListLeavesTheSelection()
 
     QCOMPARE(f->text(u"Text11"_s), u"tema"_s);
     QCOMPARE(f->control<platform::ComboList>(u"Combo3"_s)->listIndex(), 1);
-}
-
-void ConsultationRecordTest::newKeepsTheMarkOfARead()
-{
-    openClient();
-    page()->CONSULTALEIDA = 1;
-
-    f->click(u"Command7"_s);
-
-    QCOMPARE(page()->CONSULTALEIDA, 1);
 }
 
 void ConsultationRecordTest::clearingPutsTheTelephonesOnTheHeading()

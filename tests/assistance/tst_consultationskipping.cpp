@@ -39,8 +39,9 @@ private:
     void fillPage();
     QStringList shown() const
     {
-        return QStringList{f->text(u"Text10"_s), f->text(u"Text11"_s), f->text(u"Text12"_s), f->text(u"Text13"_s)}
-               + f->line(u"vsFlexGrid6"_s, 1);
+        return QStringList{f->text(u"Text10"_s), f->text(u"Text11"_s), f->text(u"Text12"_s),
+                           f->text(u"Text13"_s)} +
+               f->line(u"vsFlexGrid6"_s, 1);
     }
     QStringList stored() const
     {
@@ -113,9 +114,9 @@ void ConsultationSkippingTest::saveLosesNoMoreThanTheColumnOfTheFailingStep_data
     QTest::addColumn<QString>("column");
     QTest::addColumn<int>("position");
 
-    const QStringList columns{u"TEMA"_s,    u"PROGRAMA"_s,    u"FEINICIO"_s, u"HOINICIO"_s, u"FEFINAL"_s,
-                              u"HOFINAL"_s, u"DESCRIPCION"_s, u"SOLUCION"_s, u"TECNICO"_s,  u"ESTADO"_s,
-                              u"conpublicable"_s};
+    const QStringList columns{u"TEMA"_s,    u"PROGRAMA"_s, u"FEINICIO"_s,     u"HOINICIO"_s,
+                              u"FEFINAL"_s, u"HOFINAL"_s,  u"DESCRIPCION"_s,  u"SOLUCION"_s,
+                              u"TECNICO"_s, u"ESTADO"_s,   u"conpublicable"_s};
     for (int i = 0; i < columns.size(); ++i)
         QTest::newRow(columns.at(i).toLatin1().constData()) << columns.at(i) << i + 2;
 }
@@ -131,8 +132,8 @@ void ConsultationSkippingTest::saveLosesNoMoreThanTheColumnOfTheFailingStep()
     page()->GUARDARCONSULTAS();
 
     calls.restart();
-    QStringList expected{u"2"_s, u"C1"_s, u"nueva"_s, u"-1"_s, u"03/03/2026"_s, u"12:00:00"_s, u""_s, u""_s, u"p"_s,
-                         u"s"_s, u"eva"_s, u"02 Cerrada"_s, u"01 Si"_s, u"(null)"_s};
+    QStringList expected{u"2"_s, u"C1"_s, u"nueva"_s, u"-1"_s,  u"03/03/2026"_s, u"12:00:00"_s, u""_s,
+                         u""_s,  u"p"_s,  u"s"_s,     u"eva"_s, u"02 Cerrada"_s, u"01 Si"_s,    u"(null)"_s};
     expected[position] = u"(null)"_s;
     QCOMPARE(stored().last().split(u'|'), expected);
 }

@@ -171,7 +171,8 @@ void ConsultationTreeTest::clickOnARootLeavesThePage()
     f->addConsultation(1, u"C1"_s, u"tema"_s);
     openClient();
 
-    QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualItemRect(tree()->topLevelItem(0)).center());
+    QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
+                      tree()->visualItemRect(tree()->topLevelItem(0)).center());
 
     QCOMPARE(f->text(u"Text11"_s), QString());
     QCOMPARE(f->control<ConsultasPage>(u"consultas"_s)->CONSULTALEIDA, 0);
@@ -232,8 +233,8 @@ void ConsultationTreeTest::readPreparesTheRow()
 {
     openClient();
 
-    QCOMPARE(f->line(u"vsFlexGrid6"_s, 1),
-             QStringList({u"20/11/2026"_s, u"09:15:30"_s, u"ana"_s, u""_s, u""_s, u"01 Abierta"_s, u"01 No"_s}));
+    QCOMPARE(f->line(u"vsFlexGrid6"_s, 1), QStringList({u"20/11/2026"_s, u"09:15:30"_s, u"ana"_s, u""_s,
+                                                        u""_s, u"01 Abierta"_s, u"01 No"_s}));
     QVERIFY(f->grid(u"vsFlexGrid6"_s)->redraw());
 }
 

@@ -313,7 +313,8 @@ void ClientFixture::addTelephone(const QString& code, const QString& telephone, 
         {{u"TELECODIGOEMPRESA", company}, {u"TELECODIGO", code}, {u"TELETELEFONO", telephone}});
 }
 
-void ClientFixture::addConcept(const QString& code, const QString& article, double line, const QString& description)
+void ClientFixture::addConcept(const QString& code, const QString& article, double line,
+                               const QString& description)
 {
     add(BDCLIENTES, u"clientescyctabla"_s,
         {{u"clientescyccliente", code},
@@ -322,7 +323,8 @@ void ClientFixture::addConcept(const QString& code, const QString& article, doub
          {u"clientescylineas", line}});
 }
 
-void ClientFixture::addConsultation(double number, const QString& client, const Value& subject, const Value& state)
+void ClientFixture::addConsultation(double number, const QString& client, const Value& subject,
+                                    const Value& state)
 {
     add(BDASISTENCIAS, u"CONS"_s,
         {{u"ORDEN", number}, {u"CLICONSULTA", client}, {u"TEMA", subject}, {u"ESTADO", state}});

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The client window over the six stores of company 00012 in a temporary data root, driven by keys and mouse. Rows go
-// into the stores and come back out of them through the data access objects, never through the window.
+// The client window over the six stores of company 00012 in a temporary data root, driven by keys and mouse.
+// Rows go into the stores and come back out of them through the data access objects, never through the
+// window.
 
 #include "clients/climant.h"
 #include "platform/core/value.h"
@@ -82,7 +83,8 @@ public:
     [[nodiscard]] QString cell(const QString& gridName, int row, int col) const;
     [[nodiscard]] QStringList line(const QString& gridName, int row) const;
 
-    /// What the lookup gives from now on, each time it is shown. A null text leaves `RESULTADOBUSQUEDA` as it is.
+    /// What the lookup gives from now on, each time it is shown. A null text leaves `RESULTADOBUSQUEDA` as it
+    /// is.
     void answerLookup(const QString& code) { m_answer = code; }
     /// Kinds asked of the lookup so far.
     [[nodiscard]] const QList<int>& lookups() const { return m_lookups; }
@@ -92,10 +94,13 @@ public:
     /// Adds a row through a recordset of its own.
     static void add(platform::dao::Database& store, const QString& table, std::initializer_list<Cell> cells);
     static void addClient(const QString& code, const QString& name = {});
-    static void addShipping(const QString& code, const QString& address, const platform::Value& active = QString());
+    static void addShipping(const QString& code, const QString& address,
+                            const platform::Value& active = QString());
     static void addBank(const QString& code, const QString& account);
-    static void addTelephone(const QString& code, const QString& telephone, const QString& company = QStringLiteral("00012"));
-    static void addConcept(const QString& code, const QString& article, double line, const QString& description = {});
+    static void addTelephone(const QString& code, const QString& telephone,
+                             const QString& company = QStringLiteral("00012"));
+    static void addConcept(const QString& code, const QString& article, double line,
+                           const QString& description = {});
     static void addConsultation(double number, const QString& client, const platform::Value& subject,
                                 const platform::Value& state = QStringLiteral("01 Abierta"));
     /// Rows of a query, columns parted by "|", Null as "(null)".

@@ -95,12 +95,13 @@ Parts ClientSkippingTest::storedParts(const QString& code) const
     };
     Parts parts;
     parts[u"client"_s] =
-        rows(BDCLIENTES, u"SELECT CliCodigo, CliNombre, CliCif, Notas, AgruparAlbaranes, CliAplicarTasaPtoVerde FROM "
-                         "ClientesTabla WHERE CliCodigo='%1'"_s);
+        rows(BDCLIENTES,
+             u"SELECT CliCodigo, CliNombre, CliCif, Notas, AgruparAlbaranes, CliAplicarTasaPtoVerde FROM "
+             "ClientesTabla WHERE CliCodigo='%1'"_s);
     parts[u"shipping"_s] =
         rows(BDCLIENTES, u"SELECT * FROM CLIDIRENVIOS WHERE CLIENVICODIGO='%1' ORDER BY CLIENVIDIRECCION"_s);
-    parts[u"banks"_s] =
-        rows(BDCLIENTES, u"SELECT * FROM CLIBANCOSDISP WHERE CLIBANCOSCODIGO='%1' ORDER BY CLIBANCOSCUENTA"_s);
+    parts[u"banks"_s] = rows(
+        BDCLIENTES, u"SELECT * FROM CLIBANCOSDISP WHERE CLIBANCOSCODIGO='%1' ORDER BY CLIBANCOSCUENTA"_s);
     parts[u"telephones"_s] =
         rows(BDTELEFONOS, u"SELECT * FROM TELEFON WHERE TELECODIGO='%1' ORDER BY TELETELEFONO"_s);
     return parts;

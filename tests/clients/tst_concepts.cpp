@@ -51,19 +51,28 @@ private:
     void givenFullConcept()
     {
         f->add(BDCLIENTES, u"clientescyctabla"_s,
-               {{u"clientescycarticulo", u"ART1"_s},   {u"clientescyccliente", u"C1"_s},
-                {u"clientescycdescrip", u" Contrato "_s}, {u"clientescycfecinic", u"01/02/2026"_s},
-                {u"clientescycfecvcto", u"31/12/2026"_s}, {u"clientescycfecbaja", u""_s},
-                {u"clientescycT", u"F"_s},             {u"clientescycPE", u"03"_s},
-                {u"clientescycEM", u"12"_s},           {u"clientescycunidades", 2.0},
-                {u"clientescycprecio", 1234.5},        {u"clientescycIM", u"16"_s},
-                {u"clientescycRE", u"4"_s},            {u"clientescyccausa", u"ninguna"_s},
-                {u"clientescynumserie", u"SN-1"_s},    {u"clientescylineas", 1.0}});
+               {{u"clientescycarticulo", u"ART1"_s},
+                {u"clientescyccliente", u"C1"_s},
+                {u"clientescycdescrip", u" Contrato "_s},
+                {u"clientescycfecinic", u"01/02/2026"_s},
+                {u"clientescycfecvcto", u"31/12/2026"_s},
+                {u"clientescycfecbaja", u""_s},
+                {u"clientescycT", u"F"_s},
+                {u"clientescycPE", u"03"_s},
+                {u"clientescycEM", u"12"_s},
+                {u"clientescycunidades", 2.0},
+                {u"clientescycprecio", 1234.5},
+                {u"clientescycIM", u"16"_s},
+                {u"clientescycRE", u"4"_s},
+                {u"clientescyccausa", u"ninguna"_s},
+                {u"clientescynumserie", u"SN-1"_s},
+                {u"clientescylineas", 1.0}});
     }
     QStringList lines() const
     {
-        return ClientFixture::rows(BDCLIENTES, u"SELECT clientescycarticulo, clientescylineas, clientescycdescrip FROM "
-                                               "clientescyctabla ORDER BY clientescycarticulo, clientescylineas"_s);
+        return ClientFixture::rows(BDCLIENTES,
+                                   u"SELECT clientescycarticulo, clientescylineas, clientescycdescrip FROM "
+                                   "clientescyctabla ORDER BY clientescycarticulo, clientescylineas"_s);
     }
 
     std::optional<ClientFixture> f;
@@ -76,9 +85,9 @@ void ConceptsTest::gridHasItsHeadingsWidthsAndFormats()
 
     QCOMPARE(grid->rows(), 50);
     QCOMPARE(f->line(u"vsFlexGrid3"_s, 0),
-             QStringList({u"Artículo"_s, u"Descripción"_s, u"Fecha Inic"_s, u"Fecha Vcto"_s, u"Fecha baja"_s, u"T"_s,
-                          u"PE"_s, u"EM"_s, u"Unidades"_s, u"Precio"_s, u"Imp."_s, u"Irpf"_s, u"Causa de la baja"_s,
-                          u"Nº de Serie"_s}));
+             QStringList({u"Artículo"_s, u"Descripción"_s, u"Fecha Inic"_s, u"Fecha Vcto"_s, u"Fecha baja"_s,
+                          u"T"_s, u"PE"_s, u"EM"_s, u"Unidades"_s, u"Precio"_s, u"Imp."_s, u"Irpf"_s,
+                          u"Causa de la baja"_s, u"Nº de Serie"_s}));
     const QList<int> widths{1000, 2700, 1000, 1000, 1000, 250, 350, 350, 1000, 1000, 500, 500, 2000};
     for (int col = 0; col < widths.size(); ++col)
         QCOMPARE(grid->colWidth(col), widths.at(col));
@@ -122,8 +131,8 @@ void ConceptsTest::everyColumnComesIntoItsCell()
     f->enterCode(u"C1"_s);
 
     QCOMPARE(f->line(u"vsFlexGrid3"_s, 1),
-             QStringList({u"ART1"_s, u" Contrato "_s, u"01/02/2026"_s, u"31/12/2026"_s, u""_s, u"F"_s, u"03"_s,
-                          u"12"_s, u"2"_s, u"1234,5"_s, u"16"_s, u"4"_s, u"ninguna"_s, u"SN-1"_s}));
+             QStringList({u"ART1"_s, u" Contrato "_s, u"01/02/2026"_s, u"31/12/2026"_s, u""_s, u"F"_s,
+                          u"03"_s, u"12"_s, u"2"_s, u"1234,5"_s, u"16"_s, u"4"_s, u"ninguna"_s, u"SN-1"_s}));
 }
 
 void ConceptsTest::cellsComeAsStored()
@@ -228,8 +237,9 @@ void ConceptsTest::writtenCellsAreCutAndRead()
     f->addConcept(u"C1"_s, u"C1"_s, 1);
     f->open();
     f->enterCode(u"C1"_s);
-    const QStringList cells{u" C1 "_s, u" d "_s, u" x"_s,      u" 31/12/26 "_s, u" y"_s,  u" Fijo"_s, u" 0345"_s,
-                            u" 129"_s, u"12,50"_s, u"1.234,50"_s, u"16%"_s,     u"sin"_s, u" c "_s,   u" s "_s};
+    const QStringList cells{u" C1 "_s,  u" d "_s,   u" x"_s,   u" 31/12/26 "_s, u" y"_s,
+                            u" Fijo"_s, u" 0345"_s, u" 129"_s, u"12,50"_s,      u"1.234,50"_s,
+                            u"16%"_s,   u"sin"_s,   u" c "_s,  u" s "_s};
     for (int col = 0; col < cells.size(); ++col)
         f->grid(u"vsFlexGrid3"_s)->setTextMatrix(1, col, cells.at(col));
 

@@ -87,8 +87,8 @@ void ElPlanTest::lineHasItsFieldsInTheirPlaces()
 
     QCOMPARE(fields.size(), 45);
     QCOMPARE(fields.mid(0, 13),
-             QStringList({u"430123"_s, u"Talleres"_s, u"4300"_s, u"0"_s, u"0"_s, u"5"_s, u"A"_s, u"B12345678"_s,
-                          u"Mayor 3"_s, u"Madrid"_s, u""_s, u""_s, u"28001"_s}));
+             QStringList({u"430123"_s, u"Talleres"_s, u"4300"_s, u"0"_s, u"0"_s, u"5"_s, u"A"_s,
+                          u"B12345678"_s, u"Mayor 3"_s, u"Madrid"_s, u""_s, u""_s, u"28001"_s}));
     QCOMPARE(fields.mid(13), QStringList(32, u"0"_s));
 }
 

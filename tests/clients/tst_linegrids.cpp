@@ -72,7 +72,8 @@ private:
     }
     QStringList accounts() const
     {
-        return ClientFixture::rows(BDCLIENTES, u"SELECT CLIBANCOSCUENTA FROM CLIBANCOSDISP ORDER BY CLIBANCOSCUENTA"_s);
+        return ClientFixture::rows(BDCLIENTES,
+                                   u"SELECT CLIBANCOSCUENTA FROM CLIBANCOSDISP ORDER BY CLIBANCOSCUENTA"_s);
     }
     QStringList telephones() const
     {
@@ -90,12 +91,12 @@ void LineGridsTest::gridsHaveTheirHeadingsAndSizes_data()
     QTest::addColumn<QList<int>>("widths");
 
     QTest::newRow("shipping") << u"vsFlexGrid1"_s << 15
-                              << QStringList{u"Dirección"_s, u"C. Postal"_s, u"Localidad"_s, u"Portes"_s,
-                                             u"Transportista"_s, u"Pred."_s}
+                              << QStringList{u"Dirección"_s, u"C. Postal"_s,     u"Localidad"_s,
+                                             u"Portes"_s,    u"Transportista"_s, u"Pred."_s}
                               << QList<int>{2175, 765, 2055, 780, 1500, 100};
     QTest::newRow("banks") << u"vsFlexGrid2"_s << 15
-                           << QStringList{u"Banco"_s, u"Entidad"_s, u"Sucursal"_s, u"D.C."_s, u"Cuenta"_s,
-                                          u"Cuenta Contab."_s, u"Pred."_s}
+                           << QStringList{u"Banco"_s,  u"Entidad"_s,        u"Sucursal"_s, u"D.C."_s,
+                                          u"Cuenta"_s, u"Cuenta Contab."_s, u"Pred."_s}
                            << QList<int>{2300, 800, 800, 600, 1300, 1400, 100};
     QTest::newRow("telephones") << u"vsFlexGrid4"_s << 50
                                 << QStringList{u"Telefono"_s, u"Extensión"_s, u"Tipo"_s,
@@ -126,7 +127,8 @@ void LineGridsTest::listsOfferTheirItems()
     };
 
     QCOMPARE(items(u"vsFlexGrid1"_s, 3), QStringList({u"Debidos"_s, u"Pagados"_s}));
-    QCOMPARE(items(u"vsFlexGrid4"_s, 2), QStringList({u"01 Voz"_s, u"02 Datos"_s, u"03 Fax"_s, u"04 Móvil"_s}));
+    QCOMPARE(items(u"vsFlexGrid4"_s, 2),
+             QStringList({u"01 Voz"_s, u"02 Datos"_s, u"03 Fax"_s, u"04 Móvil"_s}));
     QVERIFY(f->grid(u"vsFlexGrid1"_s)->column(1).list.hasButton);
 }
 

@@ -26,8 +26,8 @@ QString telephone(int client)
 
 } // namespace
 
-/// One long session at the window, by keys and mouse alone; in the end the stores are compared row by row with what
-/// the session must have left.
+/// One long session at the window, by keys and mouse alone; in the end the stores are compared row by row
+/// with what the session must have left.
 class WorkingDayTest : public QObject
 {
     Q_OBJECT
@@ -108,7 +108,8 @@ void WorkingDayTest::clientsAreFoundByCodeLookupAndTelephone()
     }
 }
 
-/// By the client's number: a line added, a cell changed, the tick moved, a line deleted. Every client gets a telephone.
+/// By the client's number: a line added, a cell changed, the tick moved, a line deleted. Every client gets a
+/// telephone.
 void WorkingDayTest::changeLines(int client)
 {
     f->typeCell(u"vsFlexGrid4"_s, 2, 0, u"600%1"_s.arg(client));
@@ -161,8 +162,9 @@ void WorkingDayTest::linesAreAddedChangedTickedAndDeleted()
 /// The node of a consultation, by the number that its text begins with.
 QTreeWidgetItem* WorkingDayTest::node(int number) const
 {
-    const QList<QTreeWidgetItem*> found = f->control<platform::TreeView>(u"TreeView1"_s)
-                                              ->findItems(code(number), Qt::MatchStartsWith | Qt::MatchRecursive);
+    const QList<QTreeWidgetItem*> found =
+        f->control<platform::TreeView>(u"TreeView1"_s)
+            ->findItems(code(number), Qt::MatchStartsWith | Qt::MatchRecursive);
     return found.isEmpty() ? nullptr : found.first();
 }
 
@@ -179,7 +181,8 @@ void WorkingDayTest::chooseState(const QString& state)
     f->grid(u"vsFlexGrid6"_s)->setTextMatrix(1, 5, state);
 }
 
-/// Consultation n is of client n modulo 30. Every other one is answered and closed, every fourth reopened after that.
+/// Consultation n is of client n modulo 30. Every other one is answered and closed, every fourth reopened
+/// after that.
 void WorkingDayTest::consultationsAreOpenedAnsweredClosedAndReopened()
 {
     for (int number = 1; number <= kConsultations; ++number) {
@@ -224,20 +227,25 @@ void WorkingDayTest::consultationsAreOpenedAnsweredClosedAndReopened()
 
 void WorkingDayTest::storesHoldWhatTheDayLeft()
 {
-    QCOMPARE(f->rows(BDCLIENTES, u"SELECT CliCodigo, CliNombre, CliCif, AgruparAlbaranes, CliAplicarTasaPtoVerde FROM "
-                                 "ClientesTabla ORDER BY CliCodigo"_s),
+    QCOMPARE(f->rows(BDCLIENTES,
+                     u"SELECT CliCodigo, CliNombre, CliCif, AgruparAlbaranes, CliAplicarTasaPtoVerde FROM "
+                     "ClientesTabla ORDER BY CliCodigo"_s),
              m_clients);
-    QCOMPARE(f->rows(BDCLIENTES, u"SELECT CLIENVICODIGO, CLIENVIDIRECCION, CLIENVIACTIVA FROM CLIDIRENVIOS ORDER BY "
-                                 "CLIENVICODIGO, CLIENVIDIRECCION"_s),
+    QCOMPARE(f->rows(BDCLIENTES,
+                     u"SELECT CLIENVICODIGO, CLIENVIDIRECCION, CLIENVIACTIVA FROM CLIDIRENVIOS ORDER BY "
+                     "CLIENVICODIGO, CLIENVIDIRECCION"_s),
              m_addresses);
-    QCOMPARE(f->rows(BDCLIENTES, u"SELECT CLIBANCOSCODIGO, CLIBANCOSBANCO, CLIBANCOSCUENTA FROM CLIBANCOSDISP ORDER BY "
-                                 "CLIBANCOSCODIGO"_s),
+    QCOMPARE(f->rows(BDCLIENTES,
+                     u"SELECT CLIBANCOSCODIGO, CLIBANCOSBANCO, CLIBANCOSCUENTA FROM CLIBANCOSDISP ORDER BY "
+                     "CLIBANCOSCODIGO"_s),
              m_accounts);
-    QCOMPARE(f->rows(BDTELEFONOS, u"SELECT TELECODIGO, TELETELEFONO, TELEEXTENSION, TELECONTACTO FROM TELEFON ORDER BY "
-                                  "TELECODIGO, TELETELEFONO"_s),
+    QCOMPARE(f->rows(BDTELEFONOS,
+                     u"SELECT TELECODIGO, TELETELEFONO, TELEEXTENSION, TELECONTACTO FROM TELEFON ORDER BY "
+                     "TELECODIGO, TELETELEFONO"_s),
              m_telephones);
-    QCOMPARE(f->rows(BDASISTENCIAS, u"SELECT ORDEN, CLICONSULTA, TEMA, FEINICIO, HOINICIO, HOFINAL, DESCRIPCION, "
-                                    "SOLUCION, TECNICO, ESTADO, conpublicable FROM CONS ORDER BY ORDEN"_s),
+    QCOMPARE(f->rows(BDASISTENCIAS,
+                     u"SELECT ORDEN, CLICONSULTA, TEMA, FEINICIO, HOINICIO, HOFINAL, DESCRIPCION, "
+                     "SOLUCION, TECNICO, ESTADO, conpublicable FROM CONS ORDER BY ORDEN"_s),
              m_consultations);
     QVERIFY(f->messages.isEmpty());
 }
