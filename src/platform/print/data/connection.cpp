@@ -3,6 +3,7 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/print/data/pushdown.h"
 #include "platform/print/formula/to_text.h"
 #include "platform/print/problem.h"
 #include "platform/storage/sqlite/openfile.h"
@@ -100,6 +101,7 @@ void Connection::open(const QString& nativePath)
     file->path = nativePath;
     try {
         file->store = sqlite::openStore(nativePath, storage::Sharing::Shared);
+        registerPushdown(file->store->database().get());
         file->reading.emplace(*file->store);
         file->schema = sqlite::readSchema(file->store->database());
     } catch (const Failure& failure) {
@@ -128,7 +130,8 @@ std::vector<SourceColumn> Connection::columns(const QString& nativePath, const Q
     return columns;
 }
 
-RowStore Connection::read(const QString& nativePath, const QString& table, const std::vector<int>& columns) const
+RowStore Connection::read(const QString& nativePath, const QString& table, const std::vector<int>& columns,
+                          const QByteArray& condition) const
 {
     const File& source = file(nativePath);
     const sqlite::StoredTable* stored = sqlite::findTable(source.schema, table);
@@ -139,7 +142,8 @@ RowStore Connection::read(const QString& nativePath, const QString& table, const
         types.push_back(wanted.type == storage::ColumnType::Number ? formula::Type::Number : formula::Type::Text);
         names += sqlite::quoted(wanted.name);
     }
-    const QByteArray from = " FROM " + sqlite::quoted(stored->definition.name);
+    const QByteArray where = condition.isEmpty() ? QByteArray() : " WHERE " + condition;
+    const QByteArray from = " FROM " + sqlite::quoted(stored->definition.name) + where;
     RowStore rows(types);
     try {
         if (columns.empty()) {

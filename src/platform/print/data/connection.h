@@ -32,9 +32,10 @@ public:
     void open(const QString& nativePath);
     /// Columns of a table in an opened file. Throws `Problem`: no such table (8).
     [[nodiscard]] std::vector<SourceColumn> columns(const QString& nativePath, const QString& table) const;
-    /// All rows of a table by row number, only the columns named by position. A value of another class is read as
-    /// the column's type. Throws `Problem` (18).
-    [[nodiscard]] RowStore read(const QString& nativePath, const QString& table, const std::vector<int>& columns) const;
+    /// Rows of a table by row number, only the columns named by position; all of them, or those that meet a
+    /// condition of `pushedCondition`. A value of another class is read as the column's type. Throws `Problem` (18).
+    [[nodiscard]] RowStore read(const QString& nativePath, const QString& table, const std::vector<int>& columns,
+                                const QByteArray& condition = {}) const;
 
 private:
     struct File;

@@ -2,6 +2,7 @@
 #include "platform/print/data/execution.h"
 
 #include "platform/print/data/keys.h"
+#include "platform/print/data/pushdown.h"
 #include "platform/print/problem.h"
 
 using namespace Qt::StringLiterals;
@@ -71,8 +72,12 @@ void Execution::load(const Connection& connection)
 {
     std::vector<RowStore> tables;
     for (std::size_t i = 0; i < m_report.tables.size(); ++i) {
+        const QByteArray condition =
+            i > 0 ? QByteArray()
+                  : pushedCondition({&m_report.filter, &m_report.selection}, m_binder->slotList(), m_schemas[0],
+                                    m_records->options());
         tables.push_back(connection.read(m_paths[static_cast<qsizetype>(i)], m_report.tables[i].table,
-                                         m_binder->usedColumns()[i]));
+                                         m_binder->usedColumns()[i], condition));
     }
     m_records->load(std::move(tables));
 }

@@ -2,6 +2,7 @@
 // Reports over real stores: joining, selecting, sorting, grouping, totals, and what stops a report.
 #include "platform/print/data/execution.h"
 
+#include "platform/print/data/pushdown.h"
 #include "platform/print/definition/read_xml.h"
 #include "platform/print/problem.h"
 #include "platform/print/storefixture.h"
@@ -20,6 +21,7 @@ class ExecutionTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void recordsKeepTheOrderOfTheirRows();
     void selectionAndFilterBothApply();
@@ -36,7 +38,11 @@ private Q_SLOTS:
     void groupSelectionLooksAtTheFirstRecord();
     void totalsComeAfterBothSelections();
     void subreportTakesTheRecordsOfItsLink();
+    void pushedSelectionTakesTheSameRecords();
+    void onlyWhatComparesOneColumnIsPushed_data();
+    void onlyWhatComparesOneColumnIsPushed();
     void storeIsFreeAfterTheRun();
+    void storeThatIsBusyStopsTheReport();
     void reportThatCantRunSaysWhy_data();
     void reportThatCantRunSaysWhy();
 
@@ -47,6 +53,7 @@ private:
     /// The value of formula field "X" for each record in order.
     QStringList values();
 
+    QTemporaryDir m_template; ///< stores that each test gets a copy of
     std::unique_ptr<QTemporaryDir> m_folder;
     std::optional<Report> m_report;
     std::unique_ptr<Execution> m_execution;
@@ -57,12 +64,18 @@ void ExecutionTest::init()
 {
     m_execution.reset();
     m_folder = std::make_unique<QTemporaryDir>();
-    givenTable(path(u"CLIENTES.MDB"_s), u"CLI"_s, {u"COD"_s, u"NOMBRE"_s, u"ZONA"_s, u"IMPORTE#"_s},
+    for (const QString& name : {u"CLIENTES.MDB"_s, u"ZONAS.MDB"_s})
+        QVERIFY(QFile::copy(m_template.filePath(name), path(name)));
+}
+
+void ExecutionTest::initTestCase()
+{
+    givenTable(m_template.filePath(u"CLIENTES.MDB"_s), u"CLI"_s, {u"COD"_s, u"NOMBRE"_s, u"ZONA"_s, u"IMPORTE#"_s},
                {{u"3"_s, u"Zurbano"_s, u"B"_s, 30.0},
                 {u"1"_s, u"ñu"_s, u"A"_s, 10.0},
                 {u"2"_s, u"Nuria"_s, u"A"_s, 20.0},
                 {u"4"_s, u"nz"_s, Null{}, 40.0}});
-    givenTable(path(u"ZONAS.MDB"_s), u"ZON"_s, {u"COD"_s, u"TEXTO"_s}, {{u"A"_s, u"Norte"_s}, {u"A"_s, u"Sur"_s}});
+    givenTable(m_template.filePath(u"ZONAS.MDB"_s), u"ZON"_s, {u"COD"_s, u"TEXTO"_s}, {{u"A"_s, u"Norte"_s}, {u"A"_s, u"Sur"_s}});
 }
 
 void ExecutionTest::run(const QString& elements, const QString& formula)
@@ -199,6 +212,84 @@ void ExecutionTest::subreportTakesTheRecordsOfItsLink()
     QCOMPARE(m_execution->enterSubreport(0).size(), 0u);
     m_execution->records().setPosition(1);
     QCOMPARE(m_execution->enterSubreport(0).size(), 2u);
+}
+
+void ExecutionTest::pushedSelectionTakesTheSameRecords()
+{
+    givenTable(path(u"CLIENTES.MDB"_s), u"RARA"_s, {u"T"_s, u"N#"_s},
+               {{u""_s, 0.0}, {Null{}, Null{}}, {u"a"_s, 1.0}, {u"a "_s, -1.0}, {u"A"_s, 2.5}, {u"á"_s, 3.0},
+                {u"12,50"_s, 12.0}, {u"15/03/2024"_s, 1e15}, {u"ñ"_s, 4.0}, {u"O'B"_s, 5.0}, {u"10"_s, 10.0}});
+    const QStringList formulas{
+        u"{RARA.T} = \"a\""_s, u"{RARA.T} <> \"a\""_s, u"\"a\" < {RARA.T}"_s, u"{RARA.T} >= \"a \""_s,
+        u"{RARA.T} in \"1\" to \"9\""_s, u"{RARA.T} in \"a\" _to_ \"ñ\""_s, u"{RARA.T} in [\"O'B\", \"á\", \"0\" to \"2\"]"_s,
+        u"{RARA.T} in upfrom \"n\""_s, u"Mid({RARA.T},4,2) = \"03\""_s, u"Mid({RARA.T},2) = \"\""_s,
+        u"Left({RARA.T},1) = \"A\""_s, u"Right({RARA.T},1) = \" \""_s, u"Length({RARA.T}) in 1 to 2"_s,
+        u"Val({RARA.T}) > 9"_s, u"{RARA.N} > 2"_s, u"{RARA.N} in [2.5, 3 to 5]"_s, u"{RARA.N} <= -1"_s,
+        u"IsNull({RARA.T})"_s, u"not IsNull({RARA.N}) and {RARA.N} < 3 and {RARA.T} <> \"\""_s,
+        u"IsNull({RARA.T}) or {RARA.T} = \"\""_s, u"5 < {RARA.N}"_s, u"{RARA.T} in []"_s};
+    for (const QString& nulls : {u"parar"_s, u"vacio"_s}) {
+        for (const QString& formula : formulas) {
+            const QString xml = u"<informe version=\"1\" nombre=\"P\" nulos=\"%1\"><tabla n=\"0\" alias=\"RARA\" "
+                                "fichero=\"CLIENTES.MDB\"/><seleccion><![CDATA[%2]]></seleccion></informe>"_s.arg(nulls, formula);
+            QList<quint32> sizes;
+            for (const bool on : {false, true}) {
+                ReadReport read = readReport(xml.toUtf8());
+                QVERIFY(read.report);
+                setPushdown(on);
+                Execution execution(*read.report, QDateTime(QDate(2024, 3, 5), QTime(10, 0)));
+                execution.run({path(u"CLIENTES.MDB"_s)}, {});
+                sizes += execution.records().view()->size();
+            }
+            QVERIFY2(sizes[0] == sizes[1], qPrintable(formula));
+        }
+    }
+    setPushdown(true);
+}
+
+void ExecutionTest::onlyWhatComparesOneColumnIsPushed_data()
+{
+    QTest::addColumn<QString>("selection");
+    QTest::addColumn<QByteArray>("condition");
+    const auto row = [](const char* name, const QString& selection, const QByteArray& condition) {
+        QTest::newRow(name) << selection << condition;
+    };
+    row("part of a column", u"Mid ({A.T},4,2) = \"03\""_s, "report_compare(report_mid(report_text(\"T\"),4,2),'03',0)=0");
+    row("an apostrophe", u"{A.T} = \"O'B\""_s, "report_compare(report_text(\"T\"),'O''B',0)=0");
+    row("constant first", u"3 < {A.N}"_s, "report_compare(report_number(\"N\"),3.0,0)>0");
+    row("one term of two", u"{A.N} = 1 and {A.T} & \"x\" = \"y\""_s, "report_compare(report_number(\"N\"),1.0,0)=0");
+    row("a null", u"IsNull({A.T})"_s, "\"T\" IS NULL");
+    row("either of two", u"{A.N} = 1 or {A.N} = 2"_s, "");
+    row("a variable", u"NumberVar x := 1; {A.N} = x"_s, "");
+    row("a choice", u"if {A.N} = 1 then True else False"_s, "");
+    row("two columns", u"{A.N} = Length({A.T})"_s, "");
+    row("a value error", u"Mid({A.T},0) = \"\""_s, "");
+}
+
+void ExecutionTest::onlyWhatComparesOneColumnIsPushed()
+{
+    QFETCH(const QString, selection);
+    QFETCH(const QByteArray, condition);
+    const QString xml = u"<informe version=\"1\" nombre=\"P\"><tabla n=\"0\" alias=\"A\" fichero=\"A.MDB\"/>"
+                        "<seleccion><![CDATA[%1]]></seleccion></informe>"_s.arg(selection);
+    ReadReport read = readReport(xml.toUtf8());
+    const std::vector<std::vector<SourceColumn>> schemas{{{u"T"_s, formula::Type::Text}, {u"N"_s, formula::Type::Number}}};
+    Variables variables;
+    Binder binder(*read.report, schemas, variables);
+    binder.bindAll();
+
+    QCOMPARE(pushedCondition({&read.report->selection}, binder.slotList(), schemas[0], {}), condition);
+}
+
+void ExecutionTest::storeThatIsBusyStopsTheReport()
+{
+    const auto alone = storage::sqliteEngine()->open(path(u"CLIENTES.MDB"_s), storage::Sharing::Exclusive);
+    int code = 0;
+    try {
+        run({});
+    } catch (const Problem& problem) {
+        code = problem.code();
+    }
+    QCOMPARE(code, static_cast<int>(kReadError));
 }
 
 void ExecutionTest::storeIsFreeAfterTheRun()
