@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "clients/clientfixture.h"
 
+#include "platform/system/paths.h"
 #include "platform/window/formhelpers.h"
 #include "platform/window/textbox.h"
 #include "shell/globalsat.h"
@@ -48,8 +49,15 @@ private Q_SLOTS:
     void enteringTheNameWithoutACodeGoesBackToTheCode();
     void enteringTheNameWithACodeStays();
     void savedLocalityIsTheEmptiedOne();
+    void postalCodeInAnOpenStoreFillsLocalityAndProvince();
+    void postalCodeMissingInAnOpenStoreEmptiesThem();
+    void representativeInAnOpenStoreFillsItsDescription();
 
 private:
+    /// A store of one table with an index over its first column, which the suite may open one day.
+    static platform::dao::Database storeWith(const QString& table, const QString& index,
+                                             const QStringList& columns);
+
     std::optional<ClientFixture> f;
 };
 
@@ -328,6 +336,65 @@ void FieldRulesTest::savedLocalityIsTheEmptiedOne()
 
     QCOMPARE(f->rows(BDCLIENTES, u"SELECT CliCodPostalLocali, CliCodPostalProvin FROM ClientesTabla"_s),
              QStringList(u"|"_s));
+}
+
+platform::dao::Database FieldRulesTest::storeWith(const QString& table, const QString& index,
+                                                  const QStringList& columns)
+{
+    using namespace platform::dao;
+    Database store = DBEngine().Workspaces(0).CreateDatabase(platform::currentDirectory() + u"\\Suite.mdb"_s,
+                                                             kSpanishLocale, dbVersion40);
+    TableDef definition = store.CreateTableDef(table);
+    for (const QString& column : columns)
+        definition.Fields().Append(definition.CreateField(column, dbText, 35));
+    Index primary = definition.CreateIndex(index);
+    primary.setPrimary(true);
+    primary.setUnique(true);
+    primary.Fields().Append(primary.CreateField(columns.first()));
+    definition.Indexes().Append(primary);
+    store.TableDefs().Append(definition);
+    return store;
+}
+
+void FieldRulesTest::postalCodeInAnOpenStoreFillsLocalityAndProvince()
+{
+    BDPOSTAL = storeWith(u"POSTA"_s, u"CPNU"_s, {u"CPOSTAL"_s, u"LOCALI"_s, u"LOPROVI"_s});
+    f->add(BDPOSTAL, u"POSTA"_s,
+           {{u"CPOSTAL", u"28901"_s}, {u"LOCALI", u"Getafe"_s}, {u"LOPROVI", u"Madrid"_s}});
+    RSPOSTAL = BDPOSTAL.OpenRecordset(u"POSTA"_s, platform::dao::dbOpenTable);
+    f->box(u"Text5"_s)->setText(u"28901"_s);
+
+    f->click(u"Text6"_s);
+
+    QCOMPARE(f->text(u"Text6"_s), u"Getafe"_s);
+    QCOMPARE(f->text(u"Text1"_s), u"Madrid"_s);
+    QCOMPARE(f->focused(), u"Text1"_s);
+}
+
+void FieldRulesTest::postalCodeMissingInAnOpenStoreEmptiesThem()
+{
+    BDPOSTAL = storeWith(u"POSTA"_s, u"CPNU"_s, {u"CPOSTAL"_s, u"LOCALI"_s, u"LOPROVI"_s});
+    RSPOSTAL = BDPOSTAL.OpenRecordset(u"POSTA"_s, platform::dao::dbOpenTable);
+    f->box(u"Text5"_s)->setText(u"28901"_s);
+    f->box(u"Text1"_s)->setText(u"Madrid"_s);
+
+    f->click(u"Text6"_s);
+
+    QCOMPARE(f->text(u"Text1"_s), QString());
+    QCOMPARE(f->focused(), u"Text6"_s);
+}
+
+void FieldRulesTest::representativeInAnOpenStoreFillsItsDescription()
+{
+    platform::dao::Database store =
+        storeWith(u"REPTABLA"_s, u"REPINDICE"_s, {u"REPCODIGO"_s, u"REPDESCRI"_s});
+    f->add(store, u"REPTABLA"_s, {{u"REPCODIGO", u"0012"_s}, {u"REPDESCRI", u"PÉREZ"_s}});
+    RSREPRESENTANTES = store.OpenRecordset(u"REPTABLA"_s, platform::dao::dbOpenTable);
+    f->type(u"Text20"_s, u"12"_s);
+
+    f->click(u"Text2"_s);
+
+    QCOMPARE(f->text(u"Text3"_s), u"PÉREZ"_s);
 }
 
 QTEST_MAIN(FieldRulesTest)
