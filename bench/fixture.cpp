@@ -98,6 +98,47 @@ void fill(storage::Table& table)
     }
 }
 
+constexpr int kFullLines = 14;
+constexpr int kFullConsultations = 200;
+
+/// Adds the lines of the full client to one table.
+void fillFullClient(storage::Table& table, int count)
+{
+    const storage::TableDefinition& definition = table.definition();
+    std::vector<storage::Row> rows;
+    for (int line = 0; line < count; ++line) {
+        QHash<QString, Value> known = keyValues(kRows + line);
+        for (const char* owner : {"CliCodigo", "CLIENVICODIGO", "CLIBANCOSCODIGO", "clientescyccliente", "CLICONSULTA",
+                                  "TELECODIGO"})
+            known[QString::fromLatin1(owner)] = fullClientCode();
+        storage::Row row;
+        for (const storage::Column& column : definition.columns)
+            row.push_back(known.contains(column.name) ? known.value(column.name) : fillValue(column, line));
+        rows.push_back(std::move(row));
+    }
+    table.insertMany(rows);
+}
+
+void fillFullClient()
+{
+    struct Lines
+    {
+        QStringView file;
+        QString table;
+        int count;
+    };
+    const std::array lines{Lines{u"Clientes.mdb", u"ClientesTabla"_s, 1},
+                           Lines{u"Clientes.mdb", u"CLIDIRENVIOS"_s, kFullLines},
+                           Lines{u"Clientes.mdb", u"CLIBANCOSDISP"_s, kFullLines},
+                           Lines{u"Clientes.mdb", u"clientescyctabla"_s, kFullLines},
+                           Lines{stores::kTelefonosStore.file, u"TELEFON"_s, kFullLines},
+                           Lines{stores::kConsultasStore.file, u"CONS"_s, kFullConsultations}};
+    for (const Lines& part : lines) {
+        const auto connection = storage::sqliteEngine()->open(storePath(part.file), storage::Sharing::Shared);
+        fillFullClient(*connection->openTable(part.table), part.count);
+    }
+}
+
 void fillStores()
 {
     CREARARTICULOS();
@@ -113,9 +154,15 @@ void fillStores()
         for (const storage::TableDefinition& table : connection->tables())
             fill(*connection->openTable(table.name));
     }
+    fillFullClient();
 }
 
 } // namespace
+
+QString fullClientCode()
+{
+    return u"0000500003"_s; // between two others: theirs are 1, 8, 15 …
+}
 
 QString clientCode(int number)
 {

@@ -18,6 +18,9 @@ void useDataRoot(const QString& folder);
 /// Native path of a store's file.
 [[nodiscard]] QString storePath(QStringView file);
 
+/// A client with 14 lines in each grid and 200 consultations; its code.
+[[nodiscard]] QString fullClientCode();
+
 /// Code of client `number`, from 0.
 [[nodiscard]] QString clientCode(int number);
 

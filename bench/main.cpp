@@ -2,7 +2,8 @@
 //
 // orvane-bench [FOLDER [CASE]]: measures the data layer beside its raw floor and prints the table of README.md. It
 // needs some 400 MB of disk in FOLDER (a temporary folder unless named; one that a run has filled is used again) and
-// a minute or two. CASE is one of seek, walk, list, save, start.
+// a minute or two. CASE is one of seek, walk, list, save, start, show, lookup,
+// search, key.
 
 #include "cases.h"
 #include "fixture.h"
@@ -28,6 +29,9 @@ struct NamedCase
 constexpr NamedCase kCases[] = {
     {"seek", bench::seekCase, kRounds},     {"walk", bench::walkCase, kRounds},   {"list", bench::listCase, kRounds},
     {"save", bench::saveCase, kSaveRounds}, {"start", bench::startCase, kRounds},
+    {"show", bench::showCase, kRounds},
+    {"lookup", bench::openLookupCase, kRounds},
+    {"search", bench::typedSearchCase, kRounds},
 };
 
 } // namespace
@@ -46,10 +50,17 @@ int main(int argc, char* argv[])
         if (only.isEmpty() || only == what.name)
             results.push_back(bench::measure(what.make(), what.rounds));
     }
-    if (results.empty()) {
+    const bool measuresKeys = only.isEmpty() || only == "key";
+    if (results.empty() && !measuresKeys) {
         std::fprintf(stderr, "orvane-bench: no case %s\n", only.constData());
         return 2;
     }
     bench::print(results);
+    if (measuresKeys) {
+        const bench::KeyTimes keys = bench::lookupKeyTimes();
+        std::printf("\nA letter typed in the lookup, 99th percentile: %.2f ms (aim 4); a bare view's move and repaint: "
+                    "%.2f ms\n",
+                    keys.ours, keys.bareView);
+    }
     return 0;
 }
