@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QPrinter>
@@ -15,6 +16,7 @@
 #include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolBar>
 
 #include <algorithm>
 
@@ -56,6 +58,8 @@ private Q_SLOTS:
     void previewStandsAloneWithItsTitle();
     void previewHasOnlyTheToolsAskedFor();
     void previewKeysTurnPages();
+    void previewWorksBesideAModalWindow();
+    void previewExportsItsPagesAndRecords();
     void escapeStopsARunAndKeepsThePages();
     void previewHoldsNoStore();
     void unknownPrinterStopsPrintingOnly();
@@ -417,6 +421,41 @@ void PeTest::previewKeysTurnPages()
     QVERIFY(page->accessibleDescription().endsWith(u"100"_s));
     QTest::keyClick(page, Qt::Key_Home);
     QVERIFY(page->accessibleDescription().startsWith(u"001"_s));
+}
+
+void PeTest::previewWorksBesideAModalWindow()
+{
+    QWidget parent;
+    parent.show();
+    QDialog modal(&parent);
+    modal.setWindowModality(Qt::WindowModal);
+    modal.open();
+    const PEJob job = openReport();
+    PEWindowOptions options;
+    options.hasNavigationControls = 1;
+    PESetWindowOptions(job, &options);
+    PEOutputToWindow(job, "T", 50, 50, 600, 600, 0, nullptr);
+    PEStartPrintJob(job, 1);
+    PreviewWindow* window = preview();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QWidget* page = window->findChild<QScrollArea*>()->widget();
+    QAction* next = window->findChild<QAction*>(u"siguiente"_s);
+    QTRY_VERIFY(next->isEnabled());
+
+    QTest::mouseClick(window->findChild<QToolBar*>()->widgetForAction(next), Qt::LeftButton);
+
+    QVERIFY(page->accessibleDescription().startsWith(u"019"_s));
+}
+
+void PeTest::previewExportsItsPagesAndRecords()
+{
+    const PEJob job = openReport(u"<seleccion>{CLI.COD} &lt;= \"002\"</seleccion>"_s);
+    PEOutputToWindow(job, "T", 50, 50, 600, 600, 0, nullptr);
+    PEStartPrintJob(job, 0);
+    QVERIFY(preview()->exportTo(m_folder->filePath(u"vista.pdf"_s)));
+    QCOMPARE(pdfText(u"vista.pdf"_s), u"001 002"_s);
+    QVERIFY(preview()->exportTo(m_folder->filePath(u"vista.csv"_s)));
+    QVERIFY(!preview()->exportTo(m_folder->filePath(u"nada/vista.pdf"_s)));
 }
 
 void PeTest::escapeStopsARunAndKeepsThePages()

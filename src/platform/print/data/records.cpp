@@ -53,12 +53,21 @@ formula::Outcome Records::evaluateRecord(const formula::Formula& formula, quint3
     return formula.evaluate(*this);
 }
 
+void Records::countInvalid()
+{
+    if (m_view == nullptr || m_position >= m_view->size())
+        ++m_invalid;
+    else
+        m_invalidRecords.insert(m_view->order[m_position]);
+}
+
 bool Records::met(const formula::Formula& condition)
 {
     if (condition.isEmpty())
         return true;
     const formula::Outcome outcome = condition.evaluate(*this);
-    m_invalid += outcome.fault ? 1 : 0;
+    if (outcome.fault)
+        countInvalid();
     const bool* result = std::get_if<bool>(&outcome.value);
     return !outcome.fault && result != nullptr && *result;
 }

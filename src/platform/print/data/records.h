@@ -9,6 +9,7 @@
 #include "platform/print/formula/context.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <QStringList>
 
 #include <span>
@@ -38,8 +39,9 @@ public:
     [[nodiscard]] View arrange(std::vector<quint32> records);
     [[nodiscard]] std::vector<quint32> all() const;
     /// Rows left out or fields left empty because of a value that couldn't be read.
-    [[nodiscard]] int invalidCount() const noexcept { return m_invalid; }
-    void countInvalid() noexcept { ++m_invalid; }
+    [[nodiscard]] int invalidCount() const noexcept { return m_invalid + static_cast<int>(m_invalidRecords.size()); }
+    /// Counts the current record, once however often its fields are evaluated.
+    void countInvalid();
 
     /// The view and the position in it that formulas are evaluated for. The view is kept by reference.
     void setView(View& view) { m_view = &view; }
@@ -86,7 +88,8 @@ private:
     View* m_view = nullptr;
     quint32 m_position = 0;
     PageFacts m_page;
-    int m_invalid = 0;
+    int m_invalid = 0; ///< found while selecting and sorting
+    QSet<quint32> m_invalidRecords; ///< found while laying out and painting
 };
 
 } // namespace platform::print

@@ -61,6 +61,16 @@ PageFacts Paginator::facts(int page) const
     return facts;
 }
 
+PageFacts Paginator::currentFacts() const
+{
+    PageFacts facts;
+    facts.page = static_cast<int>(m_pages.size());
+    facts.pageCount = facts.page;
+    facts.groupPage = m_groupPage;
+    facts.groupPageCount = m_groupPage;
+    return facts;
+}
+
 std::vector<PlacedSection> Paginator::placedAtOnce(SectionKind kind, quint32 position, double& height)
 {
     std::vector<PlacedSection> placed;
@@ -88,8 +98,8 @@ void Paginator::startPage(quint32 position)
     page.first = position;
     page.last = position;
     m_pages.push_back(std::move(page));
-    PageFacts facts = this->facts(static_cast<int>(m_pages.size()) - 1);
-    m_maker.execution().records().setPage(facts);
+    ++m_groupPage;
+    m_maker.execution().records().setPage(currentFacts());
     double height = 0;
     m_pages.back().header = placedAtOnce(SectionKind::PageHeader, position, height);
     // A header that grows leaves the body at least its least height.
@@ -149,8 +159,10 @@ void Paginator::placeBand(const Band& band)
             m_breakPending = true;
         if (m_breakPending || (!m_emptyBody && room() + kSlack < neededRoom(band)))
             breakPage(band.position);
-        if (group.restartPages && m_emptyBody)
+        if (group.restartPages && m_emptyBody) {
             m_pages.back().restarts = true;
+            m_groupPage = 1;
+        }
     } else if (band.kind == SectionKind::Detail && !m_emptyBody && room() + kSlack < neededRoom(band)) {
         breakPage(band.position);
     }
@@ -230,7 +242,7 @@ void Paginator::placeSections(const Band& band)
 void Paginator::placeSection(int number, quint32 position, bool repeated)
 {
     Records& records = m_maker.execution().records();
-    PageFacts facts = this->facts(static_cast<int>(m_pages.size()) - 1);
+    PageFacts facts = currentFacts();
     facts.repeatedHeader = repeated;
     records.setPage(facts);
     records.setPosition(position);

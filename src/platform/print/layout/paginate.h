@@ -53,6 +53,8 @@ private:
     [[nodiscard]] double groupHeight(const Band& header);
     [[nodiscard]] double room() const noexcept { return m_bodyHeight - m_y; }
     [[nodiscard]] const Section& section(int number) const;
+    /// Of the page under way; the counts aren't known yet.
+    [[nodiscard]] PageFacts currentFacts() const;
     std::vector<PlacedSection> placedAtOnce(SectionKind kind, quint32 position, double& height);
 
     SectionMaker& m_maker;
@@ -68,6 +70,7 @@ private:
     bool m_emptyBody = true;   ///< nothing but repeated headers stands on the page yet
     bool m_breakPending = false;
     bool m_complete = false;
+    int m_groupPage = 0;       ///< of the page under way, from 1 since the count last began
     int m_openGroups = 0;      ///< groups, from the outermost, whose header has been placed
 };
 

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void repeatedValueIsLeftBlank();
     void variableCountsInPrintOrderOnly();
     void subreportPrintsItsOwnRecords();
+    void fieldThatFailsPrintsEmptyAndCountsOnce();
     void tooSmallAPageIsRefused();
     void pdfHoldsPagesAndText();
     void csvHoldsOneLineForEachRecord();
@@ -261,6 +262,13 @@ void PagesTest::subreportPrintsItsOwnRecords()
                            "y=\"0\" ancho=\"50\"/></seccion>"_s;
     const QStringList texts = pages(kGroup.arg(QString()) + header + detail() + inner, 11);
     QVERIFY(texts[0].startsWith(u"s1 s2 s3 s4 s5 s6 s7 s8 s9 s10 1 2"_s));
+}
+
+void PagesTest::fieldThatFailsPrintsEmptyAndCountsOnce()
+{
+    QCOMPARE(pages(detail(u"ToText(6 / ({T.N} - 1),0)"_s), 3), QStringList{u"6 3 p1/1"_s});
+    QVERIFY(!m_document->pageText(0).isEmpty());
+    QCOMPARE(m_document->notes(), u"1 registros con datos no válidos"_s);
 }
 
 void PagesTest::tooSmallAPageIsRefused()
