@@ -41,9 +41,10 @@ int widthOf(const FlexGrid& busi, int size, int fields)
 /// Notes at which position each first letter comes first. The record at position 0 gets no entry, since 0
 /// says that there is none. Null and the empty text have no first letter, and leave the code of the record
 /// before them.
-void indexaLetras(int columna, int registros)
+void indexaLetras(int columna)
 {
     int codigo = 0;
+    const int registros = DATOSREJILLA == nullptr ? 0 : DATOSREJILLA->rows();
     for (int posicion = 1; posicion < registros; ++posicion) {
         attempt(
             [&] { codigo = platform::Asc(platform::UCase(DATOSREJILLA->value(columna, posicion).left(1))); });
@@ -134,20 +135,19 @@ double CARGAREJILLA(FlexGrid& busi, const platform::dao::Database& base, const Q
         return 0;
     attempt([&] { filas.MoveLast(); });
     attempt([&] { filas.MoveFirst(); });
-    const int registros = filas.RecordCount();
-    attempt([&] { DATOSREJILLA = std::make_shared<FilasRejilla>(filas.GetRows(registros)); });
-    if (DATOSREJILLA == nullptr)
-        return registros - 1;
+    attempt([&] { DATOSREJILLA = std::make_shared<FilasRejilla>(filas.GetRows(filas.RecordCount())); });
+    double ultima = 0;
+    attempt([&] { ultima = filas.RecordCount() - 1; });
     attempt([&] { busi.bindToArray(DATOSREJILLA); });
     ponColumnas(busi, filas);
-    if (columna > DATOSREJILLA->columns() - 1) {
+    if (holds([&] { return columna > filas.Fields().Count() - 1; })) {
         platform::messageBox({u"Intentando ordenar por un campo no introducido en la consulta"_s, {}, {}});
-        return registros - 1;
+        return ultima;
     }
-    REGISTROSREJILLA = registros;
-    indexaLetras(columna, registros);
+    attempt([&] { REGISTROSREJILLA = filas.RecordCount(); });
+    indexaLetras(columna);
     attempt([&] { filas.Close(); });
-    return registros - 1;
+    return ultima;
 }
 
 void BUSCAREJILLA(FlexGrid& busi, const QString& texto, std::uint8_t columna)

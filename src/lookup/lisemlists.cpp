@@ -167,12 +167,12 @@ void LISEM::searchTyped()
 
 void LISEM::showFound(Recordset& found)
 {
-    if (found.RecordCount() < 1) {
-        ui->busi->bindToArray(nullptr);
-        return;
+    if (holds([&] { return found.RecordCount() >= 1; })) {
+        attempt([&] { found.MoveLast(); });
+        attempt([&] { found.MoveFirst(); });
+        attempt([&] { m_foundRows = std::make_shared<FilasRejilla>(found.GetRows(found.RecordCount())); });
+        attempt([&] { ui->busi->bindToArray(m_foundRows); });
+    } else {
+        attempt([&] { ui->busi->bindToArray(nullptr); });
     }
-    attempt([&] { found.MoveLast(); });
-    attempt([&] { found.MoveFirst(); });
-    attempt([&] { m_foundRows = std::make_shared<FilasRejilla>(found.GetRows(found.RecordCount())); });
-    attempt([&] { ui->busi->bindToArray(m_foundRows); });
 }
