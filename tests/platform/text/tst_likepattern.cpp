@@ -70,6 +70,11 @@ void LikePatternTest::patternFitsTheWholeText_data()
     QTest::newRow("second try of a run") << u"aXbXc"_s << u"a*Xc"_s << true;
     QTest::newRow("two runs") << u"uno dos tres"_s << u"*no*tr*"_s << true;
     QTest::newRow("two runs in the wrong order") << u"tres dos uno"_s << u"*no*tr*"_s << false;
+    QTest::newRow("overlapping ranges") << u"m"_s << u"[a-fd-zb]"_s << true;
+    QTest::newRow("ranges out of order") << u"b"_s << u"[x-za-c]"_s << true;
+    QTest::newRow("between two ranges") << u"m"_s << u"[x-za-c]"_s << false;
+    QTest::newRow("runs side by side are one") << u"abc"_s << u"a***c"_s << true;
+    QTest::newRow("shorter than its pattern") << u"ab"_s << u"*a?b*"_s << false;
     QTest::newRow("ch is two characters") << u"chico"_s << u"c*"_s << true;
 }
 
