@@ -61,7 +61,7 @@ protected:
 private:
     void buildTools(const PreviewRequest& request);
     void buildZoom();
-    QAction* tool(const QString& icon, const QString& text, const QString& name, void (PreviewWindow::*run)());
+    QAction* tool(const QIcon& icon, const QString& text, const QString& name, void (PreviewWindow::*run)());
     void goFirst() { goTo(0); }
     void goPrevious();
     void goNext();

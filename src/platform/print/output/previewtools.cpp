@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The preview's tool bar. Only what the caller asked for is there; a group tree, drill-down, close, search and
-// refresh never are.
+// The preview's tool bar. Only what the caller asked for is there; a group tree, drill-down, close, search
+// and refresh never are.
 #include "platform/print/output/pageview.h"
 #include "platform/print/output/preview.h"
+#include "platform/window/icons.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QSpinBox>
+#include <QStyle>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +22,12 @@ namespace {
 constexpr int kFitWidth = -1;
 constexpr int kFitPage = -2;
 
+/// From the icon theme, else one that the style draws itself.
+QIcon themed(const QWidget* widget, const QString& name, QStyle::StandardPixmap otherwise)
+{
+    return QIcon::fromTheme(name, widget->style()->standardIcon(otherwise));
+}
+
 QToolBar* toolBarOf(QMainWindow* window)
 {
     return window->findChild<QToolBar*>(u"herramientas"_s);
@@ -27,11 +35,11 @@ QToolBar* toolBarOf(QMainWindow* window)
 
 } // namespace
 
-QAction* PreviewWindow::tool(const QString& icon, const QString& text, const QString& name,
+QAction* PreviewWindow::tool(const QIcon& icon, const QString& text, const QString& name,
                              void (PreviewWindow::*run)())
 {
     QToolBar* bar = toolBarOf(this);
-    QAction* action = bar->addAction(QIcon::fromTheme(icon), text);
+    QAction* action = bar->addAction(icon, text);
     action->setObjectName(name);
     connect(action, &QAction::triggered, this, run);
     QWidget* button = bar->widgetForAction(action);
@@ -47,8 +55,10 @@ void PreviewWindow::buildTools(const PreviewRequest& request)
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     if (request.navigation) {
-        m_navigation += tool(u"go-first"_s, u"Primera página"_s, u"primera"_s, &PreviewWindow::goFirst);
-        m_navigation += tool(u"go-previous"_s, u"Página anterior"_s, u"anterior"_s, &PreviewWindow::goPrevious);
+        m_navigation += tool(themed(this, u"go-first"_s, QStyle::SP_MediaSkipBackward), u"Primera página"_s,
+                             u"primera"_s, &PreviewWindow::goFirst);
+        m_navigation += tool(themed(this, u"go-previous"_s, QStyle::SP_ArrowBack), u"Página anterior"_s,
+                             u"anterior"_s, &PreviewWindow::goPrevious);
         m_pageBox = new QSpinBox(bar);
         m_pageBox->setObjectName(u"pagina"_s);
         m_pageBox->setAccessibleName(u"Ir a la página"_s);
@@ -56,18 +66,22 @@ void PreviewWindow::buildTools(const PreviewRequest& request)
         m_pageBox->setKeyboardTracking(false);
         connect(m_pageBox, &QSpinBox::valueChanged, this, [this](int page) { goTo(page - 1); });
         bar->addWidget(m_pageBox);
-        m_navigation += tool(u"go-next"_s, u"Página siguiente"_s, u"siguiente"_s, &PreviewWindow::goNext);
-        m_navigation += tool(u"go-last"_s, u"Última página"_s, u"ultima"_s, &PreviewWindow::goLast);
+        m_navigation += tool(themed(this, u"go-next"_s, QStyle::SP_ArrowForward), u"Página siguiente"_s,
+                             u"siguiente"_s, &PreviewWindow::goNext);
+        m_navigation += tool(themed(this, u"go-last"_s, QStyle::SP_MediaSkipForward), u"Última página"_s,
+                             u"ultima"_s, &PreviewWindow::goLast);
         bar->addSeparator();
     }
     if (request.cancel)
-        m_cancel = tool(u"process-stop"_s, u"Cancelar"_s, u"cancelar"_s, &PreviewWindow::cancelRun);
+        m_cancel = tool(themed(this, u"process-stop"_s, QStyle::SP_BrowserStop), u"Cancelar"_s, u"cancelar"_s,
+                        &PreviewWindow::cancelRun);
     if (request.print)
-        tool(u"document-print"_s, u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
+        tool(icon(Icon::Print), u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
     if (request.printSetup)
-        tool(u"printer"_s, u"Configurar impresora"_s, u"configurar"_s, &PreviewWindow::choosePrinter);
+        tool(icon(Icon::Printer), u"Configurar impresora"_s, u"configurar"_s, &PreviewWindow::choosePrinter);
     if (request.exports)
-        tool(u"document-save-as"_s, u"Exportar"_s, u"exportar"_s, &PreviewWindow::chooseExport);
+        tool(themed(this, u"document-save-as"_s, QStyle::SP_DialogSaveButton), u"Exportar"_s, u"exportar"_s,
+             &PreviewWindow::chooseExport);
     if (request.zoom)
         buildZoom();
 }
