@@ -19,6 +19,7 @@ constexpr auto kSize = "size"_L1;
 constexpr auto kZeroLength = "zero_length"_L1;
 constexpr auto kPrimary = "primary"_L1;
 constexpr auto kUnique = "unique"_L1;
+constexpr double kOlderFormat = 32;
 constexpr auto kColumns = "columns"_L1;
 
 QString key(QLatin1String kind, const QString& owner, const QString& item, QLatin1String name)
@@ -115,8 +116,8 @@ CreateOptions Metadata::options() const
     const Value locale = property(kFile, {}, {}, kLocale);
     if (const QString* text = std::get_if<QString>(&locale))
         options.locale = *text;
-    if (format == Value(32.0))
-        options.formatOption = 32;
+    if (const double* number = std::get_if<double>(&format); number && *number == kOlderFormat)
+        options.formatOption = static_cast<int>(kOlderFormat);
     return options;
 }
 
