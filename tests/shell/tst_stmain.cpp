@@ -40,6 +40,7 @@ private Q_SLOTS:
     void presentYearIsSelected();
     void exercisesRunFrom1900To2100();
     void exerciseDropDownShows50Lines();
+    void combosTakeNoTyping();
     void yearBeyondTheListLeavesTheSelection();
     void exercisesGrowBy201AtEachResize();
     void selectionStaysOnTheFirstOccurrenceAfterAResize();
@@ -174,6 +175,14 @@ void StmainTest::exerciseDropDownShows50Lines()
     const auto window = started(u"00012 ana"_s);
 
     QCOMPARE(exercises(*window)->maxVisibleItems(), 50);
+}
+
+void StmainTest::combosTakeNoTyping()
+{
+    const auto window = started(u"00012 ana"_s);
+
+    QVERIFY(!window->findChild<ComboList*>(u"Idioma"_s)->isEditable());
+    QVERIFY(!exercises(*window)->isEditable());
 }
 
 void StmainTest::yearBeyondTheListLeavesTheSelection()
