@@ -56,7 +56,8 @@ QString Job::tablePath(int subreport, int table) const
     const QString set = m_locations[static_cast<std::size_t>(subreport + 1)][table];
     if (!set.isEmpty())
         return set;
-    const Report& owner = subreport < 0 ? *m_report : m_report->subreports[static_cast<std::size_t>(subreport)];
+    const Report& owner =
+        subreport < 0 ? *m_report : m_report->subreports[static_cast<std::size_t>(subreport)];
     const QString& file = owner.tables[static_cast<std::size_t>(table)].file;
     if (!file.startsWith(u'@'))
         return nativePath(m_folder + u'/' + file);
@@ -120,12 +121,14 @@ JobState Job::state() const
     if (m_state != JobState::Running)
         return m_state;
     if (m_task)
-        return !m_task->isDone() ? JobState::Running : m_task->failed() ? JobState::Failed : JobState::Finished;
+        return !m_task->isDone()  ? JobState::Running
+               : m_task->failed() ? JobState::Failed
+                                  : JobState::Finished;
     if (!m_preview)
         return JobState::Finished;
-    return m_preview->wasCancelled() ? JobState::Cancelled
-        : m_document->isComplete()   ? JobState::Finished
-                                     : JobState::Running;
+    return m_preview->wasCancelled()  ? JobState::Cancelled
+           : m_document->isComplete() ? JobState::Finished
+                                      : JobState::Running;
 }
 
 } // namespace platform::print

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// One opened report through its life: definition, table locations, formulas, output, start. Callers outside the
-// engine reach it through `pe.h`.
+// One opened report through its life: definition, table locations, formulas, output, start. Callers outside
+// the engine reach it through `pe.h`.
 
 #include "platform/print/output/document.h"
 #include "platform/print/output/preview.h"

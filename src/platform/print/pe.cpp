@@ -24,7 +24,8 @@ constexpr int kMaxCopies = 9999;
 
 QByteArrayView bytesOf(const char* text)
 {
-    return text != nullptr ? QByteArrayView(text, static_cast<qsizetype>(std::strlen(text))) : QByteArrayView();
+    return text != nullptr ? QByteArrayView(text, static_cast<qsizetype>(std::strlen(text)))
+                           : QByteArrayView();
 }
 
 QString textOf(const char* text)
@@ -89,8 +90,8 @@ bool acceptsLocation(JobEntry& entry, int table, const PETableLocation* location
     const auto count = static_cast<int>(entry.job->report(entry.subreport).tables.size());
     if (table < 0 || table >= count)
         return refuse(entry, kTableNumber, u"la tabla %1 no existe"_s.arg(table)) != 0;
-    const bool sized = location != nullptr
-        && (location->StructSize == kShortLocation || location->StructSize == kLongLocation);
+    const bool sized = location != nullptr &&
+                       (location->StructSize == kShortLocation || location->StructSize == kLongLocation);
     return sized || refuse(entry, kRecordSize, u"tamaño de registro no admitido"_s) != 0;
 }
 
@@ -137,7 +138,8 @@ std::int16_t PEGetNthTableLocation(PEJob job, std::int16_t table, PETableLocatio
     if (entry == nullptr || !acceptsLocation(*entry, table, location))
         return 0;
     const QByteArray bytes = bytesOfPath(entry->job->tablePath(entry->subreport, table));
-    const std::size_t length = std::min(static_cast<std::size_t>(bytes.size()), sizeof location->Location - 1);
+    const std::size_t length =
+        std::min(static_cast<std::size_t>(bytes.size()), sizeof location->Location - 1);
     std::memcpy(location->Location, bytes.constData(), length);
     location->Location[length] = '\0';
     return done(*entry);
@@ -291,8 +293,8 @@ std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options)
     return done(*entry);
 }
 
-std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top, std::int32_t width,
-                              std::int32_t height, std::int32_t, void*)
+std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top,
+                              std::int32_t width, std::int32_t height, std::int32_t, void*)
 {
     JobEntry* entry = Engine::instance().entry(job);
     if (entry == nullptr)

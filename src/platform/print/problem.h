@@ -18,8 +18,7 @@ public:
         : m_code(code)
         , m_text(std::move(text))
         , m_what(m_text.toUtf8())
-    {
-    }
+    {}
 
     [[nodiscard]] ErrorCode code() const noexcept { return m_code; }
     /// Spanish, with the place where there is one.

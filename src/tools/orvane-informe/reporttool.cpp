@@ -24,7 +24,7 @@ struct Command
 {
     QString name;
     QString file;
-    QString data;   ///< folder of the company's stores
+    QString data; ///< folder of the company's stores
     QString output;
     QStringList formulas; ///< NAME=TEXT
     std::optional<QString> selection;
@@ -57,8 +57,8 @@ std::optional<Command> parseArguments(const QStringList& arguments)
         else
             return std::nullopt;
     }
-    const bool complete = command.name == u"check"
-        || (command.name == u"render" && !command.data.isEmpty() && !command.output.isEmpty());
+    const bool complete = command.name == u"check" ||
+                          (command.name == u"render" && !command.data.isEmpty() && !command.output.isEmpty());
     return complete ? std::optional(command) : std::nullopt;
 }
 
@@ -102,7 +102,8 @@ TablePaths pathsOf(const Command& command, const Report& report, const TablePath
     return paths;
 }
 
-std::vector<TablePaths> subreportPaths(const Command& command, const Report& report, const TablePaths& mainPaths)
+std::vector<TablePaths> subreportPaths(const Command& command, const Report& report,
+                                       const TablePaths& mainPaths)
 {
     std::vector<TablePaths> paths;
     for (const Report& subreport : report.subreports)

@@ -70,36 +70,51 @@ std::vector<Value> row(const QStringList& columns, const QHash<QString, Value>& 
     return cells;
 }
 
-const QStringList kClients{u"CliCodigo"_s, u"CliNombre"_s, u"CliCif"_s, u"CliEMail"_s, u"CliDireccion"_s,
-                           u"CliCodPostal"_s, u"CliCodPostalLocali"_s, u"CliCodPostalProvin"_s,
-                           u"CliTelefonoAdicional"_s, u"ZonaCodigo"_s, u"ZonaDesc"_s, u"TipoClienteCodigo"_s,
-                           u"TipoClienteDesc"_s, u"CliNomComercial"_s, u"CliPersonaCont"_s};
-const QStringList kConcepts{u"clientescycarticulo"_s, u"clientescyccliente"_s, u"clientescycdescrip"_s,
-                            u"clientescycfecinic"_s, u"clientescycfecvcto"_s, u"clientescycfecbaja"_s,
+const QStringList kClients{u"CliCodigo"_s,          u"CliNombre"_s,          u"CliCif"_s,
+                           u"CliEMail"_s,           u"CliDireccion"_s,       u"CliCodPostal"_s,
+                           u"CliCodPostalLocali"_s, u"CliCodPostalProvin"_s, u"CliTelefonoAdicional"_s,
+                           u"ZonaCodigo"_s,         u"ZonaDesc"_s,           u"TipoClienteCodigo"_s,
+                           u"TipoClienteDesc"_s,    u"CliNomComercial"_s,    u"CliPersonaCont"_s};
+const QStringList kConcepts{u"clientescycarticulo"_s,  u"clientescyccliente"_s, u"clientescycdescrip"_s,
+                            u"clientescycfecinic"_s,   u"clientescycfecvcto"_s, u"clientescycfecbaja"_s,
                             u"clientescycunidades#"_s, u"clientescycprecio#"_s, u"clientescynumserie"_s,
                             u"clientescylineas#"_s};
-const QStringList kQuestions{u"ORDEN#"_s, u"CLICONSULTA"_s, u"TEMA"_s, u"FEINICIO"_s, u"HOINICIO"_s, u"FEFINAL"_s,
-                             u"DESCRIPCION+"_s, u"SOLUCION+"_s, u"TECNICO"_s, u"ESTADO"_s};
+const QStringList kQuestions{u"ORDEN#"_s,  u"CLICONSULTA"_s,  u"TEMA"_s,      u"FEINICIO"_s, u"HOINICIO"_s,
+                             u"FEFINAL"_s, u"DESCRIPCION+"_s, u"SOLUCION+"_s, u"TECNICO"_s,  u"ESTADO"_s};
 
-std::vector<Value> client(const QString& code, const QString& name, const QString& postCode, const QString& zone)
+std::vector<Value> client(const QString& code, const QString& name, const QString& postCode,
+                          const QString& zone)
 {
-    return row(kClients, {{u"CliCodigo"_s, code}, {u"CliNombre"_s, name}, {u"CliCodPostal"_s, postCode},
-                          {u"CliCodPostalLocali"_s, u"Almería"_s}, {u"ZonaCodigo"_s, zone},
-                          {u"TipoClienteCodigo"_s, u"0001"_s}, {u"TipoClienteDesc"_s, u"Talleres"_s}});
+    return row(kClients, {{u"CliCodigo"_s, code},
+                          {u"CliNombre"_s, name},
+                          {u"CliCodPostal"_s, postCode},
+                          {u"CliCodPostalLocali"_s, u"Almería"_s},
+                          {u"ZonaCodigo"_s, zone},
+                          {u"TipoClienteCodigo"_s, u"0001"_s},
+                          {u"TipoClienteDesc"_s, u"Talleres"_s}});
 }
 
-std::vector<Value> concept_(const QString& article, const QString& of, double units, double price, const QString& ended)
+std::vector<Value> concept_(const QString& article, const QString& of, double units, double price,
+                            const QString& ended)
 {
-    return row(kConcepts, {{u"clientescycarticulo"_s, article}, {u"clientescyccliente"_s, of},
-                           {u"clientescycfecvcto"_s, u"01/01/100"_s}, {u"clientescycfecbaja"_s, ended},
-                           {u"clientescycunidades"_s, units}, {u"clientescycprecio"_s, price}});
+    return row(kConcepts, {{u"clientescycarticulo"_s, article},
+                           {u"clientescyccliente"_s, of},
+                           {u"clientescycfecvcto"_s, u"01/01/100"_s},
+                           {u"clientescycfecbaja"_s, ended},
+                           {u"clientescycunidades"_s, units},
+                           {u"clientescycprecio"_s, price}});
 }
 
 std::vector<Value> question(double number, const QString& of, const QString& start, const QString& end,
                             const QString& state)
 {
-    return row(kQuestions, {{u"ORDEN"_s, number}, {u"CLICONSULTA"_s, of}, {u"FEINICIO"_s, start}, {u"FEFINAL"_s, end},
-                            {u"ESTADO"_s, state}, {u"TEMA"_s, u"Asunto %1"_s.arg(number)}, {u"TECNICO"_s, u"Íñigo"_s},
+    return row(kQuestions, {{u"ORDEN"_s, number},
+                            {u"CLICONSULTA"_s, of},
+                            {u"FEINICIO"_s, start},
+                            {u"FEFINAL"_s, end},
+                            {u"ESTADO"_s, state},
+                            {u"TEMA"_s, u"Asunto %1"_s.arg(number)},
+                            {u"TECNICO"_s, u"Íñigo"_s},
                             {u"DESCRIPCION"_s, u"Texto largo"_s}});
 }
 
@@ -117,7 +132,8 @@ void ShippedTest::initTestCase()
                 client(u"0000000002"_s, u"Alba"_s, u"04001"_s, u"0000000001"_s),
                 client(u"0000000003"_s, u"Sin conceptos"_s, u"04002"_s, u"0000000001"_s)});
     givenTable(folder + u"CLIENTES.MDB"_s, u"clientescyctabla"_s, kConcepts,
-               {concept_(u"CAL01"_s, u"0000000001"_s, 2, 10.5, u""_s), concept_(u"CAL02"_s, u"0000000001"_s, 1, 5, u"  /  /"_s),
+               {concept_(u"CAL01"_s, u"0000000001"_s, 2, 10.5, u""_s),
+                concept_(u"CAL02"_s, u"0000000001"_s, 1, 5, u"  /  /"_s),
                 concept_(u"BAJA"_s, u"0000000001"_s, 9, 9, u"01/02/2024"_s),
                 concept_(u"CAL03"_s, u"0000000002"_s, 1, 1234.5, u""_s)});
     givenTable(folder + u"ASISTENCIAS.MDB"_s, u"CONS"_s, kQuestions,
@@ -144,8 +160,9 @@ int ShippedTest::runTool(const QStringList& arguments)
 QString ShippedTest::rendered(const QString& report, const QStringList& more)
 {
     const QString file = m_root.filePath(u"salida.pdf"_s);
-    if (runTool(QStringList{u"render"_s, report, u"--data"_s, m_root.filePath(u"Empresa00012"_s), u"--output"_s, file}
-                + more) != 0)
+    if (runTool(QStringList{u"render"_s, report, u"--data"_s, m_root.filePath(u"Empresa00012"_s),
+                            u"--output"_s, file} +
+                more) != 0)
         return m_err;
     QProcess text;
     text.start(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
@@ -212,14 +229,15 @@ void ShippedTest::maintenanceNoteTakesTheCompanyOfItsFolder()
 
 void ShippedTest::notesForZonesWithoutClientsSayIt()
 {
-    QVERIFY(rendered(reportPath(u"conservacion.rpt"_s), {u"--select"_s, u"{ClientesTabla.ZonaCodigo} in '5' to '6'"_s})
+    QVERIFY(rendered(reportPath(u"conservacion.rpt"_s),
+                     {u"--select"_s, u"{ClientesTabla.ZonaCodigo} in '5' to '6'"_s})
                 .contains(u"No hay clientes con conceptos en vigor en las zonas elegidas."_s));
 }
 
 void ShippedTest::summaryTakesTheMonthOfEveryYear()
 {
-    const QString text = rendered(reportPath(u"consultatec.rpt"_s),
-                                  {u"--select"_s, u"Mid ({CONS.FEINICIO},4,2) = \"03\""_s});
+    const QString text =
+        rendered(reportPath(u"consultatec.rpt"_s), {u"--select"_s, u"Mid ({CONS.FEINICIO},4,2) = \"03\""_s});
     QCOMPARE(text.count(u'|'), 2);
     QVERIFY(text.indexOf(u"Marzo de 2024"_s) < text.indexOf(u"Marzo de 2019"_s));
     QVERIFY(text.contains(u"(cliente sin ficha)"_s));
@@ -232,8 +250,8 @@ void ShippedTest::summaryTakesTheMonthOfEveryYear()
 
 void ShippedTest::summaryTellsStatesApart()
 {
-    const QString text = rendered(reportPath(u"consultatec.rpt"_s),
-                                  {u"--select"_s, u"{@AnyMes} = \"202403\""_s});
+    const QString text =
+        rendered(reportPath(u"consultatec.rpt"_s), {u"--select"_s, u"{@AnyMes} = \"202403\""_s});
     QVERIFY2(text.contains(u"2 1 1 0 1 3,0"_s), qPrintable(text));
     QVERIFY2(text.contains(u"Íñigo 1 1 0 2 100,0"_s), qPrintable(text));
     QVERIFY2(text.contains(u"Consultas: 2 (abiertas: 1)"_s), qPrintable(text));
@@ -243,7 +261,8 @@ void ShippedTest::summaryTellsStatesApart()
 void ShippedTest::summaryShowsTextsOnRequest()
 {
     QVERIFY(!rendered(reportPath(u"consultatec.rpt"_s)).contains(u"Texto largo"_s));
-    QVERIFY(rendered(reportPath(u"consultatec.rpt"_s), {u"--formula"_s, u"TEXTOS=\"SI\""_s}).contains(u"Texto largo"_s));
+    QVERIFY(rendered(reportPath(u"consultatec.rpt"_s), {u"--formula"_s, u"TEXTOS=\"SI\""_s})
+                .contains(u"Texto largo"_s));
 }
 
 void ShippedTest::clientListCountsItsRows()

@@ -43,8 +43,7 @@ public:
     Sum(TotalKind kind, bool caseSensitive)
         : m_kind(kind)
         , m_caseSensitive(caseSensitive)
-    {
-    }
+    {}
 
     void add(const Value& value)
     {
@@ -62,18 +61,24 @@ public:
     [[nodiscard]] Value result() const
     {
         switch (m_kind) {
-        case TotalKind::Sum: return m_sum;
-        case TotalKind::Count: return static_cast<double>(m_count);
-        case TotalKind::DistinctCount: return static_cast<double>(m_different.size());
-        case TotalKind::Average: return m_count == 0 ? Value() : Value(m_sum / static_cast<double>(m_count));
-        default: return m_extreme;
+        case TotalKind::Sum:
+            return m_sum;
+        case TotalKind::Count:
+            return static_cast<double>(m_count);
+        case TotalKind::DistinctCount:
+            return static_cast<double>(m_different.size());
+        case TotalKind::Average:
+            return m_count == 0 ? Value() : Value(m_sum / static_cast<double>(m_count));
+        default:
+            return m_extreme;
         }
     }
 
 private:
     void keepExtreme(const Value& value)
     {
-        const int order = formula::hasValue(m_extreme) ? formula::compareValues(value, m_extreme, m_caseSensitive) : 0;
+        const int order =
+            formula::hasValue(m_extreme) ? formula::compareValues(value, m_extreme, m_caseSensitive) : 0;
         const bool better = m_kind == TotalKind::Minimum ? order < 0 : order > 0;
         if (!formula::hasValue(m_extreme) || better)
             m_extreme = value;
@@ -186,8 +191,9 @@ void Records::computeTotal(std::size_t slot)
     const TotalRequest& request = m_binder.totals()[slot];
     const quint32 here = m_position;
     const Span whole{0, m_view->size() == 0 ? 0 : m_view->size() - 1};
-    const std::vector<Span> spans =
-        request.group < 0 ? std::vector<Span>{whole} : m_view->groups[static_cast<std::size_t>(request.group)];
+    const std::vector<Span> spans = request.group < 0
+                                        ? std::vector<Span>{whole}
+                                        : m_view->groups[static_cast<std::size_t>(request.group)];
     std::vector<Value> results;
     for (const Span& span : spans) {
         Sum sum(request.kind, m_options.caseSensitive);

@@ -22,8 +22,9 @@ formula::Binding refused(ErrorCode code, const QString& text)
 
 QString sectionName(const Section& section)
 {
-    static const std::array kNames{u"cabecera-informe"_s, u"cabecera-pagina"_s, u"cabecera-grupo"_s, u"detalle"_s,
-                                   u"pie-grupo"_s, u"pie-informe"_s, u"pie-pagina"_s, u"sin-datos"_s};
+    static const std::array kNames{u"cabecera-informe"_s, u"cabecera-pagina"_s, u"cabecera-grupo"_s,
+                                   u"detalle"_s,          u"pie-grupo"_s,       u"pie-informe"_s,
+                                   u"pie-pagina"_s,       u"sin-datos"_s};
     QString name = kNames[static_cast<std::size_t>(section.kind)];
     if (section.group >= 0)
         name += u' ' + QString::number(section.group + 1);
@@ -40,8 +41,7 @@ Binder::Binder(Report& report, const std::vector<std::vector<SourceColumn>>& sch
     , m_tables(report.formulas.size(), 0)
     , m_used(report.tables.size())
     , m_constantConditions(report.tables.size(), false)
-{
-}
+{}
 
 void Binder::bindAll()
 {
@@ -97,7 +97,8 @@ void Binder::bindTables()
             m_touched = 0;
             bindKey(link.with, name);
             if (!own || m_touched >= (1u << i))
-                throw Problem(kFormulaTypes, u"%1: «campo» es de esta tabla y «con» de las anteriores"_s.arg(name));
+                throw Problem(kFormulaTypes,
+                              u"%1: «campo» es de esta tabla y «con» de las anteriores"_s.arg(name));
             if (link.field.type() != link.with.type())
                 throw Problem(kFormulaTypes, u"%1: los dos lados son de tipos distintos"_s.arg(name));
         }
@@ -120,7 +121,8 @@ void Binder::bindGroups()
         const QString name = u"grupo %1"_s.arg(i + 1);
         bindKey(group.field, name);
         const formula::Node* root = group.field.root();
-        if (root == nullptr || (root->kind != formula::NodeKind::Field && root->kind != formula::NodeKind::FormulaField))
+        if (root == nullptr ||
+            (root->kind != formula::NodeKind::Field && root->kind != formula::NodeKind::FormulaField))
             throw Problem(kFormulaTypes, u"%1: «campo» ha de ser {tabla.columna} o {@fórmula}"_s.arg(name));
         if (group.key)
             bindKey(*group.key, name);
@@ -163,8 +165,9 @@ formula::Binding Binder::column(const QString& table, const QString& column)
         return refused(kFormulaTypes, u"el informe no tiene la tabla «%1»"_s.arg(table));
     const auto place = static_cast<std::size_t>(known - m_report.tables.begin());
     const std::vector<SourceColumn>& columns = m_schemas[place];
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const SourceColumn& candidate) { return same(candidate.name, column); });
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const SourceColumn& candidate) {
+        return same(candidate.name, column);
+    });
     if (found == columns.end())
         return refused(kColumnMissing, u"la tabla «%1» no tiene la columna «%2»"_s.arg(table, column));
     m_touched |= 1u << place;
@@ -176,7 +179,8 @@ formula::Binding Binder::column(const QString& table, const QString& column)
     });
     binding.slot = static_cast<int>(used - m_slots.begin());
     if (used == m_slots.end()) {
-        m_slots.push_back({static_cast<int>(place), position, static_cast<int>(m_used[place].size()), found->type});
+        m_slots.push_back(
+            {static_cast<int>(place), position, static_cast<int>(m_used[place].size()), found->type});
         m_used[place].push_back(position);
     }
     return binding;
@@ -197,7 +201,8 @@ formula::Binding Binder::formula(const QString& name)
         m_tables[place] = std::exchange(m_touched, before);
         m_states[place] = State::Bound;
         if (!bound)
-            return refused(field->formula.fault()->code, describe(u"@"_s + field->name, *field->formula.fault()));
+            return refused(field->formula.fault()->code,
+                           describe(u"@"_s + field->name, *field->formula.fault()));
     }
     m_touched |= m_tables[place];
     formula::Binding binding;
@@ -231,8 +236,8 @@ int Binder::group(const formula::Operand& field)
 int Binder::total(formula::TotalKind kind, const formula::Operand& field, int group)
 {
     const auto known = std::find_if(m_totals.begin(), m_totals.end(), [&](const TotalRequest& request) {
-        return request.kind == kind && request.group == group && request.field.isFormula == field.isFormula
-            && request.field.slot == field.slot;
+        return request.kind == kind && request.group == group && request.field.isFormula == field.isFormula &&
+               request.field.slot == field.slot;
     });
     if (known == m_totals.end()) {
         m_totals.push_back({kind, field, group});

@@ -42,7 +42,8 @@ public:
     [[nodiscard]] const std::vector<TotalRequest>& totals() const noexcept { return m_totals; }
     /// Columns to read of each table, by position.
     [[nodiscard]] const std::vector<std::vector<int>>& usedColumns() const noexcept { return m_used; }
-    /// True when the join condition of a table looks at no other table, so that it holds for every record or none.
+    /// True when the join condition of a table looks at no other table, so that it holds for every record or
+    /// none.
     [[nodiscard]] bool conditionIsConstant(std::size_t table) const { return m_constantConditions[table]; }
 
     formula::Binding column(const QString& table, const QString& column) override;

@@ -36,7 +36,8 @@ Problem readProblem(const Failure& failure, const QString& path)
     case kCouldNotLockTable:
         return Problem(kReadError, u"el fichero de datos «%1» está ocupado"_s.arg(path));
     default:
-        return Problem(kReadError, u"no se puede leer el fichero de datos «%1»: %2"_s.arg(path, failure.text()));
+        return Problem(kReadError,
+                       u"no se puede leer el fichero de datos «%1»: %2"_s.arg(path, failure.text()));
     }
 }
 
@@ -139,7 +140,8 @@ RowStore Connection::read(const QString& nativePath, const QString& table, const
     QByteArrayList names;
     for (const int column : columns) {
         const storage::Column& wanted = stored->definition.columns[column];
-        types.push_back(wanted.type == storage::ColumnType::Number ? formula::Type::Number : formula::Type::Text);
+        types.push_back(wanted.type == storage::ColumnType::Number ? formula::Type::Number
+                                                                   : formula::Type::Text);
         names += sqlite::quoted(wanted.name);
     }
     const QByteArray where = condition.isEmpty() ? QByteArray() : " WHERE " + condition;
@@ -148,7 +150,8 @@ RowStore Connection::read(const QString& nativePath, const QString& table, const
     try {
         if (columns.empty()) {
             const sqlite::Database& database = source.store->database();
-            rows.setRowCount(static_cast<quint32>(database.number("SELECT count(*)" + from, sqlite::Task::Read)));
+            rows.setRowCount(
+                static_cast<quint32>(database.number("SELECT count(*)" + from, sqlite::Task::Read)));
             return rows;
         }
         const QByteArray sql = "SELECT " + names.join(", ") + from + " ORDER BY " + stored->rowId;

@@ -27,15 +27,16 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// Opens the file (once, however many tables are taken from it) and begins to read it. Throws `Problem`: file
-    /// missing (7), busy, damaged or unreadable (18).
+    /// Opens the file (once, however many tables are taken from it) and begins to read it. Throws `Problem`:
+    /// file missing (7), busy, damaged or unreadable (18).
     void open(const QString& nativePath);
     /// Columns of a table in an opened file. Throws `Problem`: no such table (8).
     [[nodiscard]] std::vector<SourceColumn> columns(const QString& nativePath, const QString& table) const;
     /// Rows of a table by row number, only the columns named by position; all of them, or those that meet a
-    /// condition of `pushedCondition`. A value of another class is read as the column's type. Throws `Problem` (18).
-    [[nodiscard]] RowStore read(const QString& nativePath, const QString& table, const std::vector<int>& columns,
-                                const QByteArray& condition = {}) const;
+    /// condition of `pushedCondition`. A value of another class is read as the column's type. Throws
+    /// `Problem` (18).
+    [[nodiscard]] RowStore read(const QString& nativePath, const QString& table,
+                                const std::vector<int>& columns, const QByteArray& condition = {}) const;
 
 private:
     struct File;

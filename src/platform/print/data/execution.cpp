@@ -74,8 +74,8 @@ void Execution::load(const Connection& connection)
     for (std::size_t i = 0; i < m_report.tables.size(); ++i) {
         const QByteArray condition =
             i > 0 ? QByteArray()
-                  : pushedCondition({&m_report.filter, &m_report.selection}, m_binder->slotList(), m_schemas[0],
-                                    m_records->options());
+                  : pushedCondition({&m_report.filter, &m_report.selection}, m_binder->slotList(),
+                                    m_schemas[0], m_records->options());
         tables.push_back(connection.read(m_paths[static_cast<qsizetype>(i)], m_report.tables[i].table,
                                          m_binder->usedColumns()[i], condition));
     }
@@ -102,7 +102,8 @@ void Execution::run(const TablePaths& paths, const std::vector<TablePaths>& subr
         for (const quint32 record : subreport->m_records->all()) {
             QByteArray key;
             for (const TableLink& link : subreport->m_report.links)
-                key += keyPart(subreport->m_records->evaluateRecord(link.field, record), m_report.caseSensitive);
+                key +=
+                    keyPart(subreport->m_records->evaluateRecord(link.field, record), m_report.caseSensitive);
             subreport->m_recordsByLink[key].push_back(record);
         }
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// One run of a report over its stores: binds, reads everything in one go, closes the files, arranges the records.
-// Subreports are read along with it and arranged for each value of their links.
+// One run of a report over its stores: binds, reads everything in one go, closes the files, arranges the
+// records. Subreports are read along with it and arranged for each value of their links.
 
 #include "platform/print/data/records.h"
 
@@ -22,7 +22,8 @@ public:
     Execution(Report& report, QDateTime moment);
     ~Execution();
 
-    /// Paths of the report's tables and of each subreport's. Throws `Problem`; all files are closed afterwards.
+    /// Paths of the report's tables and of each subreport's. Throws `Problem`; all files are closed
+    /// afterwards.
     void run(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths);
     /// Binds only, to see whether the stores have what the report names. Throws `Problem`.
     void check(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths);
@@ -31,7 +32,8 @@ public:
     [[nodiscard]] Records& records() noexcept { return *m_records; }
     [[nodiscard]] Variables& variables() noexcept { return m_variables; }
     [[nodiscard]] Execution& subreport(int i) noexcept { return *m_subreports[static_cast<std::size_t>(i)]; }
-    /// The subreport's records for the main record that `records()` stands on; the subreport is set to that view.
+    /// The subreport's records for the main record that `records()` stands on; the subreport is set to that
+    /// view.
     View& enterSubreport(int i);
     [[nodiscard]] int invalidCount() const;
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How records come about: the rows of table 0, each with its matches in the other tables, filtered and selected.
+// How records come about: the rows of table 0, each with its matches in the other tables, filtered and
+// selected.
 #include "platform/print/data/keys.h"
 #include "platform/print/data/records.h"
 #include "platform/print/problem.h"
@@ -42,7 +43,8 @@ void Records::join(std::size_t table)
     m_rows = std::move(joined);
 }
 
-/// The values of one side of the links as one key; empty when one of them has no value, which matches nothing.
+/// The values of one side of the links as one key; empty when one of them has no value, which matches
+/// nothing.
 QByteArray Records::linkKey(const std::vector<TableLink>& links, bool with)
 {
     QByteArray key;

@@ -55,7 +55,8 @@ std::vector<quint32> ranks(const std::vector<QByteArray>& keys, bool descending)
 {
     std::vector<quint32> order(keys.size());
     std::iota(order.begin(), order.end(), 0u);
-    std::sort(order.begin(), order.end(), [&keys](quint32 left, quint32 right) { return keys[left] < keys[right]; });
+    std::sort(order.begin(), order.end(),
+              [&keys](quint32 left, quint32 right) { return keys[left] < keys[right]; });
     std::vector<quint32> result(keys.size());
     quint32 rank = 0;
     for (std::size_t i = 0; i < order.size(); ++i) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Values as byte keys whose order is the order of the values: for sorting, grouping, links and distinct counts.
+// Values as byte keys whose order is the order of the values: for sorting, grouping, links and distinct
+// counts.
 
 #include "platform/print/formula/value.h"
 

@@ -21,12 +21,12 @@ bool pushdownOn = true;
 class Writer
 {
 public:
-    Writer(const std::vector<Slot>& slots, const std::vector<SourceColumn>& columns, const formula::Options& options)
+    Writer(const std::vector<Slot>& slots, const std::vector<SourceColumn>& columns,
+           const formula::Options& options)
         : m_slots(slots)
         , m_columns(columns)
         , m_options(options)
-    {
-    }
+    {}
 
     void terms(const Node& node, QByteArrayList& found) const
     {
@@ -97,8 +97,8 @@ private:
             const auto* number = std::get_if<double>(&node.children[i]->constant);
             const bool start = name == "mid" && i == 1;
             // What would be a value error stays with the formula.
-            if (node.children[i]->kind != NodeKind::Constant || number == nullptr || *number > 1'000'000
-                || *number < (start ? 1 : 0))
+            if (node.children[i]->kind != NodeKind::Constant || number == nullptr || *number > 1'000'000 ||
+                *number < (start ? 1 : 0))
                 return std::nullopt;
             sql += ',' + QByteArray::number(static_cast<qint64>(*number));
         }
@@ -140,13 +140,20 @@ private:
     static const char* signOf(Op op, bool turned)
     {
         switch (op) {
-        case Op::Equal: return "=";
-        case Op::NotEqual: return "<>";
-        case Op::Less: return turned ? ">" : "<";
-        case Op::Greater: return turned ? "<" : ">";
-        case Op::LessEqual: return turned ? ">=" : "<=";
-        case Op::GreaterEqual: return turned ? "<=" : ">=";
-        default: return nullptr;
+        case Op::Equal:
+            return "=";
+        case Op::NotEqual:
+            return "<>";
+        case Op::Less:
+            return turned ? ">" : "<";
+        case Op::Greater:
+            return turned ? "<" : ">";
+        case Op::LessEqual:
+            return turned ? ">=" : "<=";
+        case Op::GreaterEqual:
+            return turned ? "<=" : ">=";
+        default:
+            return nullptr;
         }
     }
 
@@ -164,7 +171,7 @@ private:
         for (const formula::NodePtr& entry : set.children) {
             const Sql value = entry->kind == NodeKind::Range ? std::nullopt : constant(*entry);
             const Sql choice = entry->kind == NodeKind::Range ? inRange(*left, *entry)
-                : value                                       ? Sql(compared(*left, *value, "="))
+                               : value                        ? Sql(compared(*left, *value, "="))
                                                               : std::nullopt;
             if (!choice)
                 return std::nullopt;
@@ -195,8 +202,9 @@ private:
 
 } // namespace
 
-QByteArray pushedCondition(const std::vector<const formula::Formula*>& conditions, const std::vector<Slot>& slots,
-                           const std::vector<SourceColumn>& columns, const formula::Options& options)
+QByteArray pushedCondition(const std::vector<const formula::Formula*>& conditions,
+                           const std::vector<Slot>& slots, const std::vector<SourceColumn>& columns,
+                           const formula::Options& options)
 {
     QByteArrayList found;
     if (pushdownOn) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The functions of pushed conditions, on the data engine's connection. Each reads a value as the row store does
-// and answers as the formula language does; a null stays a null.
+// The functions of pushed conditions, on the data engine's connection. Each reads a value as the row store
+// does and answers as the formula language does; a null stays a null.
 #include "platform/print/data/pushdown.h"
 #include "platform/print/formula/compare.h"
 #include "platform/print/formula/to_text.h"
@@ -108,9 +108,11 @@ struct Entry
 };
 
 constexpr Entry kFunctions[] = {
-    {"report_text", 1, reportText},   {"report_number", 1, reportNumber}, {"report_val", 1, reportVal},
-    {"report_length", 1, reportLength}, {"report_mid", 2, reportMid},     {"report_mid", 3, reportMid},
-    {"report_left", 2, reportLeft},   {"report_right", 2, reportRight},   {"report_compare", 3, reportCompare},
+    {"report_text", 1, reportText},       {"report_number", 1, reportNumber},
+    {"report_val", 1, reportVal},         {"report_length", 1, reportLength},
+    {"report_mid", 2, reportMid},         {"report_mid", 3, reportMid},
+    {"report_left", 2, reportLeft},       {"report_right", 2, reportRight},
+    {"report_compare", 3, reportCompare},
 };
 
 } // namespace
@@ -118,8 +120,8 @@ constexpr Entry kFunctions[] = {
 void registerPushdown(sqlite3* database)
 {
     for (const Entry& entry : kFunctions) {
-        sqlite3_create_function_v2(database, entry.name, entry.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                                   entry.function, nullptr, nullptr, nullptr);
+        sqlite3_create_function_v2(database, entry.name, entry.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                   nullptr, entry.function, nullptr, nullptr, nullptr);
     }
 }
 

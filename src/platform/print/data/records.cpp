@@ -12,7 +12,8 @@ namespace platform::print {
 using formula::Special;
 using formula::Value;
 
-Records::Records(Report& report, const Binder& binder, Variables& variables, QDateTime moment, QStringList tablePaths)
+Records::Records(Report& report, const Binder& binder, Variables& variables, QDateTime moment,
+                 QStringList tablePaths)
     : m_report(report)
     , m_binder(binder)
     , m_variables(variables)
@@ -20,8 +21,7 @@ Records::Records(Report& report, const Binder& binder, Variables& variables, QDa
     , m_moment(std::move(moment))
     , m_paths(std::move(tablePaths))
     , m_current(report.tables.size(), kNoRow)
-{
-}
+{}
 
 std::vector<quint32> Records::all() const
 {
@@ -99,7 +99,8 @@ formula::Outcome Records::neighbour(int step, const formula::Operand& field)
     if (outside)
         return {};
     setPosition(step < 0 ? here - 1 : here + 1);
-    formula::Outcome outcome = field.isFormula ? formula(field.slot) : formula::Outcome{column(field.slot), {}};
+    formula::Outcome outcome =
+        field.isFormula ? formula(field.slot) : formula::Outcome{column(field.slot), {}};
     setPosition(here);
     return outcome;
 }
@@ -143,13 +144,15 @@ Value Records::special(Special what, int argument)
     case Special::RecordNumber:
         return static_cast<double>(m_position) + 1;
     case Special::GroupNumber:
-        return placed && !m_view->groups.empty() ? static_cast<double>(m_view->groupAt(0, m_position)) + 1 : 1.0;
+        return placed && !m_view->groups.empty() ? static_cast<double>(m_view->groupAt(0, m_position)) + 1
+                                                 : 1.0;
     case Special::OnFirstRecord:
         return m_position == 0;
     case Special::OnLastRecord:
         return m_view != nullptr && m_position + 1 >= m_view->size();
     case Special::GroupName: {
-        const formula::Outcome group = m_report.groups[static_cast<std::size_t>(argument)].field.evaluate(*this);
+        const formula::Outcome group =
+            m_report.groups[static_cast<std::size_t>(argument)].field.evaluate(*this);
         return group.fault ? Value() : Value(formatted({}, group.value));
     }
     case Special::PrintDate:

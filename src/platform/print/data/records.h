@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The records of a report: rows of its tables joined, selected, sorted, grouped and totalled; and the context in
-// which its formulas are evaluated for one of them.
+// The records of a report: rows of its tables joined, selected, sorted, grouped and totalled; and the context
+// in which its formulas are evaluated for one of them.
 
 #include "platform/print/data/binder.h"
 #include "platform/print/data/view.h"
@@ -30,16 +30,20 @@ class Records : public formula::Context
 {
 public:
     /// The report must be bound; `binder` tells what its slots mean. Everything is kept by reference.
-    Records(Report& report, const Binder& binder, Variables& variables, QDateTime moment, QStringList tablePaths);
+    Records(Report& report, const Binder& binder, Variables& variables, QDateTime moment,
+            QStringList tablePaths);
 
-    /// Takes the rows of the tables, joins, filters and selects them. Throws `Problem` (22: a condition over too
-    /// many rows).
+    /// Takes the rows of the tables, joins, filters and selects them. Throws `Problem` (22: a condition over
+    /// too many rows).
     void load(std::vector<RowStore> tables);
     /// Sorts, groups and applies the group selection to these records (all of them: `all()`).
     [[nodiscard]] View arrange(std::vector<quint32> records);
     [[nodiscard]] std::vector<quint32> all() const;
     /// Rows left out or fields left empty because of a value that couldn't be read.
-    [[nodiscard]] int invalidCount() const noexcept { return m_invalid + static_cast<int>(m_invalidRecords.size()); }
+    [[nodiscard]] int invalidCount() const noexcept
+    {
+        return m_invalid + static_cast<int>(m_invalidRecords.size());
+    }
     /// Counts the current record, once however often its fields are evaluated.
     void countInvalid();
 
@@ -67,7 +71,8 @@ private:
     void join(std::size_t table);
     void joinByLinks(std::size_t table, std::vector<quint32>& joined);
     void joinByCondition(std::size_t table, std::vector<quint32>& joined);
-    void append(std::vector<quint32>& joined, quint32 record, std::size_t table, std::span<const quint32> matches);
+    void append(std::vector<quint32>& joined, quint32 record, std::size_t table,
+                std::span<const quint32> matches);
     [[nodiscard]] QByteArray linkKey(const std::vector<TableLink>& links, bool with);
     void select();
     void keepChosenGroups(View& view);
@@ -83,12 +88,12 @@ private:
     QDateTime m_moment;
     QStringList m_paths; ///< native path of each table's file
     std::vector<RowStore> m_tables;
-    std::vector<quint32> m_rows; ///< one row number a table, record after record
+    std::vector<quint32> m_rows;    ///< one row number a table, record after record
     std::vector<quint32> m_current; ///< row numbers of the record under evaluation
     View* m_view = nullptr;
     quint32 m_position = 0;
     PageFacts m_page;
-    int m_invalid = 0; ///< found while selecting and sorting
+    int m_invalid = 0;              ///< found while selecting and sorting
     QSet<quint32> m_invalidRecords; ///< found while laying out and painting
 };
 

@@ -15,8 +15,7 @@ constexpr int kLengthBits = 24;
 
 RowStore::RowStore(std::vector<formula::Type> columns)
     : m_columns(std::move(columns))
-{
-}
+{}
 
 void RowStore::addNull()
 {

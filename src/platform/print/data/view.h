@@ -20,8 +20,8 @@ struct Span
 
 struct View
 {
-    std::vector<quint32> order;            ///< record at each position
-    std::vector<std::vector<Span>> groups; ///< by level, outermost first
+    std::vector<quint32> order;                      ///< record at each position
+    std::vector<std::vector<Span>> groups;           ///< by level, outermost first
     std::vector<std::vector<formula::Value>> totals; ///< by request; empty until asked for
 
     [[nodiscard]] quint32 size() const noexcept { return static_cast<quint32>(order.size()); }

@@ -118,7 +118,8 @@ formula::Formula ElementReader::neededFormula(QLatin1StringView name)
     return read;
 }
 
-int ElementReader::choice(QLatin1StringView name, std::initializer_list<QLatin1StringView> words, int otherwise)
+int ElementReader::choice(QLatin1StringView name, std::initializer_list<QLatin1StringView> words,
+                          int otherwise)
 {
     const XmlAttribute* attribute = take(name);
     if (attribute == nullptr)
@@ -148,7 +149,8 @@ void ElementReader::finish(bool takesText, bool takesChildren)
             return attribute.name == name;
         });
         if (!known)
-            fail(attribute.place, u"el atributo «%1» no existe en «%2»"_s.arg(attribute.name, m_element.name));
+            fail(attribute.place,
+                 u"el atributo «%1» no existe en «%2»"_s.arg(attribute.name, m_element.name));
     }
     if (!takesText && !m_element.text.trimmed().isEmpty())
         fail(m_element.place, u"«%1» no lleva texto"_s.arg(m_element.name));

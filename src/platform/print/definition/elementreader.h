@@ -17,8 +17,7 @@ public:
     ElementReader(const XmlElement& element, std::vector<DefinitionFault>& faults)
         : m_element(element)
         , m_faults(faults)
-    {
-    }
+    {}
 
     [[nodiscard]] bool has(QLatin1StringView name) const { return find(name) != nullptr; }
     void fail(const SourcePlace& place, const QString& text) { m_faults.push_back({place, text}); }

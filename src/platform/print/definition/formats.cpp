@@ -58,7 +58,8 @@ std::optional<Format> parseFormat(QStringView text)
         format.zeroBlank = parts.size() == 2 && parts[1] == u"cero-blanco";
         const bool known = parts.size() == 1 || format.zeroBlank;
         return read && known && format.decimals >= 0 && format.decimals <= formula::kMaxDecimals
-            ? std::optional(format) : std::nullopt;
+                   ? std::optional(format)
+                   : std::nullopt;
     }
     if (name == u"fecha") {
         format.kind = Format::Kind::Date;

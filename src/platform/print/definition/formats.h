@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// How a value is written on the page: "numero(2)", "numero(2,cero-blanco)", "fecha(dd/MM/yyyy)", "sino", "texto".
+// How a value is written on the page: "numero(2)", "numero(2,cero-blanco)", "fecha(dd/MM/yyyy)", "sino",
+// "texto".
 
 #include "platform/print/formula/value.h"
 

@@ -111,7 +111,16 @@ struct Item
     int subreport = -1;
 };
 
-enum class SectionKind { ReportHeader, PageHeader, GroupHeader, Detail, GroupFooter, ReportFooter, PageFooter, NoData };
+enum class SectionKind {
+    ReportHeader,
+    PageHeader,
+    GroupHeader,
+    Detail,
+    GroupFooter,
+    ReportFooter,
+    PageFooter,
+    NoData
+};
 
 struct Section
 {

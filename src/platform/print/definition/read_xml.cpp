@@ -112,8 +112,8 @@ void ReportReader::readStyle(const XmlElement& element)
         style.background = background;
     style.align = static_cast<Align>(reader.choice("alinear"_L1, {"izquierda"_L1, "centro"_L1, "derecha"_L1},
                                                    static_cast<int>(style.align)));
-    style.vertical = static_cast<VerticalAlign>(reader.choice("vertical"_L1, {"arriba"_L1, "centro"_L1, "abajo"_L1},
-                                                              static_cast<int>(style.vertical)));
+    style.vertical = static_cast<VerticalAlign>(reader.choice(
+        "vertical"_L1, {"arriba"_L1, "centro"_L1, "abajo"_L1}, static_cast<int>(style.vertical)));
     if (const std::optional<Format> format = reader.format("formato"_L1))
         style.format = format;
     reader.finish();
@@ -179,7 +179,8 @@ void ReportReader::readBody(const XmlElement& element, Report& target, const QSt
         else if (child.name == u"orden")
             readSorting(child, target);
         else if (child.name != u"seccion" && !elsewhere.contains(child.name))
-            faults.push_back({child.place, u"el elemento «%1» no existe en «%2»"_s.arg(child.name, element.name)});
+            faults.push_back(
+                {child.place, u"el elemento «%1» no existe en «%2»"_s.arg(child.name, element.name)});
     }
     // Sections name groups and subreports, which may be written after them.
     for (const XmlElement& child : element.children) {
@@ -267,7 +268,8 @@ void ReportReader::readGroup(const XmlElement& element, Report& target)
     group.field = reader.neededFormula("campo"_L1);
     group.key = reader.formula("clave"_L1);
     group.descending = reader.choice("orden"_L1, {"asc"_L1, "desc"_L1}, 0) == 1;
-    group.together = static_cast<Together>(reader.choice("junto"_L1, {"no"_L1, "con-detalle"_L1, "todo"_L1}, 1));
+    group.together =
+        static_cast<Together>(reader.choice("junto"_L1, {"no"_L1, "con-detalle"_L1, "todo"_L1}, 1));
     group.newPage = reader.choice("pagina-nueva"_L1, {"no"_L1, "antes"_L1}, 0) == 1;
     group.restartPages = reader.yes("reinicia-hoja"_L1);
     reader.finish();
@@ -293,8 +295,8 @@ ReadReport readReport(const QByteArray& bytes)
     reader.readMain(*root);
     std::stable_sort(result.faults.begin(), result.faults.end(),
                      [](const DefinitionFault& left, const DefinitionFault& right) {
-                         return std::pair(left.place.line, left.place.column)
-                             < std::pair(right.place.line, right.place.column);
+                         return std::pair(left.place.line, left.place.column) <
+                                std::pair(right.place.line, right.place.column);
                      });
     if (result.faults.empty())
         result.report = std::move(reader.report);
@@ -303,8 +305,8 @@ ReadReport readReport(const QByteArray& bytes)
 
 QString describe(const QString& fileName, const DefinitionFault& fault)
 {
-    return u"%1:%2:%3: %4"_s.arg(fileName, QString::number(fault.place.line), QString::number(fault.place.column),
-                                 fault.text);
+    return u"%1:%2:%3: %4"_s.arg(fileName, QString::number(fault.place.line),
+                                 QString::number(fault.place.column), fault.text);
 }
 
 } // namespace platform::print

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Report file to model, with every check that needs no store: elements, attributes, ranges, references, syntax of
-// formulas. A file with any fault isn't used.
+// Report file to model, with every check that needs no store: elements, attributes, ranges, references,
+// syntax of formulas. A file with any fault isn't used.
 
 #include "platform/print/definition/model.h"
 #include "platform/print/definition/xmltree.h"
@@ -14,7 +14,7 @@ namespace platform::print {
 
 struct ReadReport
 {
-    std::optional<Report> report; ///< nothing when there are faults
+    std::optional<Report> report;        ///< nothing when there are faults
     std::vector<DefinitionFault> faults; ///< in the order of the file
 };
 

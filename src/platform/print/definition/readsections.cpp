@@ -20,7 +20,8 @@ bool belongsToGroup(SectionKind kind)
 /// Place of a section from the top of the report down: group footers go from the innermost group out.
 std::tuple<int, int> rank(const Section& section)
 {
-    return {static_cast<int>(section.kind), section.kind == SectionKind::GroupFooter ? -section.group : section.group};
+    return {static_cast<int>(section.kind),
+            section.kind == SectionKind::GroupFooter ? -section.group : section.group};
 }
 
 } // namespace
@@ -31,8 +32,10 @@ void ReportReader::readSection(const XmlElement& element, Report& target)
     Section section;
     reader.needed("tipo"_L1);
     section.kind = static_cast<SectionKind>(
-        reader.choice("tipo"_L1, {"cabecera-informe"_L1, "cabecera-pagina"_L1, "cabecera-grupo"_L1, "detalle"_L1,
-                                  "pie-grupo"_L1, "pie-informe"_L1, "pie-pagina"_L1, "sin-datos"_L1}, 3));
+        reader.choice("tipo"_L1,
+                      {"cabecera-informe"_L1, "cabecera-pagina"_L1, "cabecera-grupo"_L1, "detalle"_L1,
+                       "pie-grupo"_L1, "pie-informe"_L1, "pie-pagina"_L1, "sin-datos"_L1},
+                      3));
     section.height = reader.neededNumber("alto"_L1, 0, kMaxLength);
     const int group = static_cast<int>(reader.number("grupo"_L1, 1, 8, 0));
     if (belongsToGroup(section.kind) != (group > 0))
@@ -103,8 +106,8 @@ bool ReportReader::readContent(const XmlElement& element, ElementReader& reader,
         readFrame(reader, item);
         return true;
     }
-    const bool known = element.name == u"texto" || element.name == u"campo" || element.name == u"caja"
-        || element.name == u"imagen" || element.name == u"subinforme";
+    const bool known = element.name == u"texto" || element.name == u"campo" || element.name == u"caja" ||
+                       element.name == u"imagen" || element.name == u"subinforme";
     if (!known)
         return false;
     readPlace(reader, item);

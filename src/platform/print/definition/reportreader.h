@@ -12,8 +12,7 @@ class ReportReader
 public:
     explicit ReportReader(std::vector<DefinitionFault>& found)
         : faults(found)
-    {
-    }
+    {}
 
     void readMain(const XmlElement& root);
 

@@ -50,8 +50,8 @@ private:
     void fail(const QString& text)
     {
         m_failed = true;
-        m_faults.push_back({{static_cast<int>(m_reader.lineNumber()), static_cast<int>(m_reader.columnNumber()) + 1},
-                            text});
+        m_faults.push_back(
+            {{static_cast<int>(m_reader.lineNumber()), static_cast<int>(m_reader.columnNumber()) + 1}, text});
     }
 
     void refuse(QXmlStreamReader::TokenType token)
@@ -62,8 +62,8 @@ private:
             fail(u"entidad desconocida «%1»"_s.arg(m_reader.name()));
         else if (token == QXmlStreamReader::ProcessingInstruction)
             fail(u"no se admiten instrucciones de proceso"_s);
-        else if (token == QXmlStreamReader::StartDocument && !m_reader.documentEncoding().isEmpty()
-                 && m_reader.documentEncoding().compare(u"UTF-8", Qt::CaseInsensitive) != 0)
+        else if (token == QXmlStreamReader::StartDocument && !m_reader.documentEncoding().isEmpty() &&
+                 m_reader.documentEncoding().compare(u"UTF-8", Qt::CaseInsensitive) != 0)
             fail(u"la codificación ha de ser UTF-8"_s);
     }
 
@@ -76,7 +76,8 @@ private:
         made.place = placeOf(start);
         for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
             const QString name = attribute.qualifiedName().toString();
-            made.attributes.push_back({name, attribute.value().toString(), placeOf(attributeOffset(start, end, name))});
+            made.attributes.push_back(
+                {name, attribute.value().toString(), placeOf(attributeOffset(start, end, name))});
         }
         if (depth > kMaxElementDepth)
             fail(u"los elementos están demasiado anidados"_s);

@@ -43,6 +43,7 @@ struct XmlElement
 inline constexpr int kMaxElementDepth = 12;
 
 /// The root element, or the first fault: not UTF-8, not well formed, a document type, an entity of its own.
-[[nodiscard]] std::optional<XmlElement> readXmlTree(const QByteArray& bytes, std::vector<DefinitionFault>& faults);
+[[nodiscard]] std::optional<XmlElement> readXmlTree(const QByteArray& bytes,
+                                                    std::vector<DefinitionFault>& faults);
 
 } // namespace platform::print

@@ -29,16 +29,38 @@ enum class NodeKind {
     Call,         ///< name; children: arguments
     Sequence,     ///< children; the value is the last one's
     // Made by the type checker out of calls
-    IsNull,       ///< child: the field
-    Neighbour,    ///< slot −1 or 1; child: the field of the record before or after
-    Total,        ///< slot: the total's number
-    Special,      ///< slot: a `Special`; child: its argument, if any
-    Extreme,      ///< slot −1 least, 1 greatest; child: range or list
+    IsNull,    ///< child: the field
+    Neighbour, ///< slot −1 or 1; child: the field of the record before or after
+    Total,     ///< slot: the total's number
+    Special,   ///< slot: a `Special`; child: its argument, if any
+    Extreme,   ///< slot −1 least, 1 greatest; child: range or list
 };
 
 enum class Op {
-    Add, Subtract, Multiply, Divide, Percent, IntegerDivide, Modulo, Power, Concatenate,
-    Equal, NotEqual, Less, Greater, LessEqual, GreaterEqual, In, And, Or, Xor, Eqv, Imp, Not, Negate, Plus,
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Percent,
+    IntegerDivide,
+    Modulo,
+    Power,
+    Concatenate,
+    Equal,
+    NotEqual,
+    Less,
+    Greater,
+    LessEqual,
+    GreaterEqual,
+    In,
+    And,
+    Or,
+    Xor,
+    Eqv,
+    Imp,
+    Not,
+    Negate,
+    Plus,
 };
 
 enum class Scope { Local, Global, Shared };

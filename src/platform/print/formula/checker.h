@@ -16,8 +16,7 @@ class Checker
 public:
     explicit Checker(Names& names)
         : m_names(names)
-    {
-    }
+    {}
 
     /// A value of any type; ranges and lists are refused.
     bool value(NodePtr& node);

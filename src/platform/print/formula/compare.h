@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The one comparison of the report engine, for formulas, sorting, grouping and links: the stores' Spanish order
-// of text, with blanks at the end significant and, on request, capitals told apart.
+// The one comparison of the report engine, for formulas, sorting, grouping and links: the stores' Spanish
+// order of text, with blanks at the end significant and, on request, capitals told apart.
 
 #include "platform/print/formula/value.h"
 
@@ -16,9 +16,10 @@ namespace platform::print::formula {
 /// The same for values of one type. A Date beside a DateTime counts as its midnight; "no value" comes first.
 [[nodiscard]] int compareValues(const Value& left, const Value& right, bool caseSensitive) noexcept;
 
-/// Position from 0 of `wanted` in `text` from `start` on, −1 when it isn't there. Letters without regard to case
-/// unless asked otherwise; accents and ñ are told apart.
-[[nodiscard]] qsizetype findText(QStringView text, QStringView wanted, bool caseSensitive, qsizetype start = 0);
+/// Position from 0 of `wanted` in `text` from `start` on, −1 when it isn't there. Letters without regard to
+/// case unless asked otherwise; accents and ñ are told apart.
+[[nodiscard]] qsizetype findText(QStringView text, QStringView wanted, bool caseSensitive,
+                                 qsizetype start = 0);
 
 /// A key whose byte order is the order of `compareText`.
 [[nodiscard]] QByteArray sortKey(QStringView text, bool caseSensitive);

@@ -148,9 +148,12 @@ QDate added(QDate date, Interval interval, qsizetype count)
     // Ten thousand years reach past both ends of the calendar, so a wild count can't overflow.
     const auto steps = static_cast<int>(std::clamp<qsizetype>(count, -3'660'000, 3'660'000));
     switch (interval) {
-    case Interval::Day: return date.addDays(steps);
-    case Interval::Month: return date.addMonths(steps);
-    case Interval::Year: return date.addYears(std::clamp(steps, -10'000, 10'000));
+    case Interval::Day:
+        return date.addDays(steps);
+    case Interval::Month:
+        return date.addMonths(steps);
+    case Interval::Year:
+        return date.addYears(std::clamp(steps, -10'000, 10'000));
     }
     return date;
 }
@@ -181,9 +184,12 @@ Value dateDiff(Call& call)
         return call.fail(u"fecha vacía"_s);
     const int years = to.year() - from.year();
     switch (*interval) {
-    case Interval::Day: return static_cast<double>(from.daysTo(to));
-    case Interval::Month: return static_cast<double>(years * 12 + to.month() - from.month());
-    case Interval::Year: return static_cast<double>(years);
+    case Interval::Day:
+        return static_cast<double>(from.daysTo(to));
+    case Interval::Month:
+        return static_cast<double>(years * 12 + to.month() - from.month());
+    case Interval::Year:
+        return static_cast<double>(years);
     }
     return {};
 }

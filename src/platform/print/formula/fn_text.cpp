@@ -146,7 +146,8 @@ Value asc(Call& call)
 {
     const std::optional<unsigned char> code =
         call.text(0).isEmpty() ? std::nullopt : cp1252Code(call.text(0).front());
-    return code ? Value(static_cast<double>(*code)) : call.fail(u"el texto no empieza por un carácter con código"_s);
+    return code ? Value(static_cast<double>(*code))
+                : call.fail(u"el texto no empieza por un carácter con código"_s);
 }
 
 Value toTextOf(Call& call)

@@ -20,13 +20,20 @@ bool same(QStringView left, QLatin1StringView right)
 std::optional<Type> letterType(QChar letter)
 {
     switch (letter.unicode()) {
-    case u'n': return Type::Number;
-    case u's': return Type::Text;
-    case u'b': return Type::Boolean;
-    case u'd': return Type::Date;
-    case u't': return Type::Time;
-    case u'D': return Type::DateTime;
-    default: return std::nullopt;
+    case u'n':
+        return Type::Number;
+    case u's':
+        return Type::Text;
+    case u'b':
+        return Type::Boolean;
+    case u'd':
+        return Type::Date;
+    case u't':
+        return Type::Time;
+    case u'D':
+        return Type::DateTime;
+    default:
+        return std::nullopt;
     }
 }
 
@@ -95,8 +102,8 @@ bool isPlainFunction(QStringView name)
 
 bool isFunctionName(QStringView name)
 {
-    return isPlainFunction(name) || findSpecial(name) != nullptr || findTotal(name).has_value()
-        || std::any_of(kShapedFunctions.begin(), kShapedFunctions.end(),
+    return isPlainFunction(name) || findSpecial(name) != nullptr || findTotal(name).has_value() ||
+           std::any_of(kShapedFunctions.begin(), kShapedFunctions.end(),
                        [name](QLatin1StringView known) { return same(name, known); });
 }
 

@@ -31,8 +31,8 @@ struct Call
     Value fail(const QString& why);
 };
 
-/// A plain function. Signature letters: n number, s text, b yes or no, d date, t time, D date and time (a date
-/// passes too), x anything; the result comes first: "s(sn)".
+/// A plain function. Signature letters: n number, s text, b yes or no, d date, t time, D date and time (a
+/// date passes too), x anything; the result comes first: "s(sn)".
 struct Function
 {
     QLatin1StringView name;
@@ -53,9 +53,25 @@ struct Function
 
 /// What the report knows and a formula may ask without naming a field.
 enum class Special {
-    RecordNumber, GroupNumber, OnFirstRecord, OnLastRecord, InRepeatedGroupHeader, PageNumber, TotalPageCount,
-    PageNofM, GroupPageNumber, GroupPageCount, PrintDate, PrintTime, CurrentDate, CurrentTime, CurrentDateTime,
-    CarpetaTabla, FicheroTabla, GroupName, Moment,
+    RecordNumber,
+    GroupNumber,
+    OnFirstRecord,
+    OnLastRecord,
+    InRepeatedGroupHeader,
+    PageNumber,
+    TotalPageCount,
+    PageNofM,
+    GroupPageNumber,
+    GroupPageCount,
+    PrintDate,
+    PrintTime,
+    CurrentDate,
+    CurrentTime,
+    CurrentDateTime,
+    CarpetaTabla,
+    FicheroTabla,
+    GroupName,
+    Moment,
 };
 
 struct SpecialFunction

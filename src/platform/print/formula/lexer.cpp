@@ -51,16 +51,16 @@ constexpr std::array kKeywords{
 
 // Longer signs stand before those that they begin with.
 constexpr std::array kSigns{
-    Word{":="_L1, TokenKind::Assign},     Word{"<>"_L1, TokenKind::NotEqual},
-    Word{"<="_L1, TokenKind::LessEqual},  Word{">="_L1, TokenKind::GreaterEqual},
-    Word{"<"_L1, TokenKind::Less},        Word{">"_L1, TokenKind::Greater},
-    Word{"="_L1, TokenKind::Equal},       Word{"+"_L1, TokenKind::Plus},
-    Word{"-"_L1, TokenKind::Minus},       Word{"*"_L1, TokenKind::Times},
-    Word{"/"_L1, TokenKind::Divide},      Word{"%"_L1, TokenKind::Percent},
+    Word{":="_L1, TokenKind::Assign},        Word{"<>"_L1, TokenKind::NotEqual},
+    Word{"<="_L1, TokenKind::LessEqual},     Word{">="_L1, TokenKind::GreaterEqual},
+    Word{"<"_L1, TokenKind::Less},           Word{">"_L1, TokenKind::Greater},
+    Word{"="_L1, TokenKind::Equal},          Word{"+"_L1, TokenKind::Plus},
+    Word{"-"_L1, TokenKind::Minus},          Word{"*"_L1, TokenKind::Times},
+    Word{"/"_L1, TokenKind::Divide},         Word{"%"_L1, TokenKind::Percent},
     Word{"\\"_L1, TokenKind::IntegerDivide}, Word{"^"_L1, TokenKind::Power},
-    Word{"&"_L1, TokenKind::Concatenate}, Word{"("_L1, TokenKind::Open},
-    Word{")"_L1, TokenKind::Close},       Word{"["_L1, TokenKind::OpenList},
-    Word{"]"_L1, TokenKind::CloseList},   Word{","_L1, TokenKind::Comma},
+    Word{"&"_L1, TokenKind::Concatenate},    Word{"("_L1, TokenKind::Open},
+    Word{")"_L1, TokenKind::Close},          Word{"["_L1, TokenKind::OpenList},
+    Word{"]"_L1, TokenKind::CloseList},      Word{","_L1, TokenKind::Comma},
     Word{";"_L1, TokenKind::Semicolon},
 };
 

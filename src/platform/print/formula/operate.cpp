@@ -34,18 +34,33 @@ Value calculate(Op op, double left, double right, QString& error)
 {
     double result = 0;
     switch (op) {
-    case Op::Add: result = left + right; break;
-    case Op::Subtract: result = left - right; break;
-    case Op::Multiply: result = left * right; break;
-    case Op::Divide: result = quotient(left, right, error); break;
-    case Op::Percent: result = quotient(left, right, error) * 100; break;
-    case Op::IntegerDivide: result = std::trunc(quotient(left, right, error)); break;
+    case Op::Add:
+        result = left + right;
+        break;
+    case Op::Subtract:
+        result = left - right;
+        break;
+    case Op::Multiply:
+        result = left * right;
+        break;
+    case Op::Divide:
+        result = quotient(left, right, error);
+        break;
+    case Op::Percent:
+        result = quotient(left, right, error) * 100;
+        break;
+    case Op::IntegerDivide:
+        result = std::trunc(quotient(left, right, error));
+        break;
     case Op::Modulo:
         quotient(left, right, error);
         result = right == 0 ? 0 : std::fmod(left, right);
         break;
-    case Op::Power: result = std::pow(left, right); break;
-    default: break;
+    case Op::Power:
+        result = std::pow(left, right);
+        break;
+    default:
+        break;
     }
     if (error.isEmpty() && !std::isfinite(result))
         error = u"el resultado no es un número"_s;

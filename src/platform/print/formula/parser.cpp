@@ -20,48 +20,77 @@ struct Operator
 Operator binaryOperator(TokenKind kind)
 {
     switch (kind) {
-    case TokenKind::Imp: return {LevelImp, Op::Imp};
-    case TokenKind::Eqv: return {LevelEqv, Op::Eqv};
-    case TokenKind::Xor: return {LevelXor, Op::Xor};
-    case TokenKind::Or: return {LevelOr, Op::Or};
-    case TokenKind::And: return {LevelAnd, Op::And};
-    case TokenKind::Equal: return {LevelCompare, Op::Equal};
-    case TokenKind::NotEqual: return {LevelCompare, Op::NotEqual};
-    case TokenKind::Less: return {LevelCompare, Op::Less};
-    case TokenKind::Greater: return {LevelCompare, Op::Greater};
-    case TokenKind::LessEqual: return {LevelCompare, Op::LessEqual};
-    case TokenKind::GreaterEqual: return {LevelCompare, Op::GreaterEqual};
-    case TokenKind::In: return {LevelCompare, Op::In};
-    case TokenKind::Concatenate: return {LevelConcatenate, Op::Concatenate};
-    case TokenKind::Plus: return {LevelAdd, Op::Add};
-    case TokenKind::Minus: return {LevelAdd, Op::Subtract};
-    case TokenKind::Mod: return {LevelModulo, Op::Modulo};
-    case TokenKind::IntegerDivide: return {LevelIntegerDivide, Op::IntegerDivide};
-    case TokenKind::Times: return {LevelMultiply, Op::Multiply};
-    case TokenKind::Divide: return {LevelMultiply, Op::Divide};
-    case TokenKind::Percent: return {LevelMultiply, Op::Percent};
-    case TokenKind::Power: return {LevelPower, Op::Power};
-    default: return {};
+    case TokenKind::Imp:
+        return {LevelImp, Op::Imp};
+    case TokenKind::Eqv:
+        return {LevelEqv, Op::Eqv};
+    case TokenKind::Xor:
+        return {LevelXor, Op::Xor};
+    case TokenKind::Or:
+        return {LevelOr, Op::Or};
+    case TokenKind::And:
+        return {LevelAnd, Op::And};
+    case TokenKind::Equal:
+        return {LevelCompare, Op::Equal};
+    case TokenKind::NotEqual:
+        return {LevelCompare, Op::NotEqual};
+    case TokenKind::Less:
+        return {LevelCompare, Op::Less};
+    case TokenKind::Greater:
+        return {LevelCompare, Op::Greater};
+    case TokenKind::LessEqual:
+        return {LevelCompare, Op::LessEqual};
+    case TokenKind::GreaterEqual:
+        return {LevelCompare, Op::GreaterEqual};
+    case TokenKind::In:
+        return {LevelCompare, Op::In};
+    case TokenKind::Concatenate:
+        return {LevelConcatenate, Op::Concatenate};
+    case TokenKind::Plus:
+        return {LevelAdd, Op::Add};
+    case TokenKind::Minus:
+        return {LevelAdd, Op::Subtract};
+    case TokenKind::Mod:
+        return {LevelModulo, Op::Modulo};
+    case TokenKind::IntegerDivide:
+        return {LevelIntegerDivide, Op::IntegerDivide};
+    case TokenKind::Times:
+        return {LevelMultiply, Op::Multiply};
+    case TokenKind::Divide:
+        return {LevelMultiply, Op::Divide};
+    case TokenKind::Percent:
+        return {LevelMultiply, Op::Percent};
+    case TokenKind::Power:
+        return {LevelPower, Op::Power};
+    default:
+        return {};
     }
 }
 
 bool isRangeWord(TokenKind kind)
 {
-    return kind == TokenKind::To || kind == TokenKind::ToBefore || kind == TokenKind::AfterTo
-        || kind == TokenKind::AfterToBefore;
+    return kind == TokenKind::To || kind == TokenKind::ToBefore || kind == TokenKind::AfterTo ||
+           kind == TokenKind::AfterToBefore;
 }
 
 std::optional<Type> variableType(TokenKind kind)
 {
     switch (kind) {
     case TokenKind::NumberVar:
-    case TokenKind::CurrencyVar: return Type::Number;
-    case TokenKind::StringVar: return Type::Text;
-    case TokenKind::BooleanVar: return Type::Boolean;
-    case TokenKind::DateVar: return Type::Date;
-    case TokenKind::TimeVar: return Type::Time;
-    case TokenKind::DateTimeVar: return Type::DateTime;
-    default: return std::nullopt;
+    case TokenKind::CurrencyVar:
+        return Type::Number;
+    case TokenKind::StringVar:
+        return Type::Text;
+    case TokenKind::BooleanVar:
+        return Type::Boolean;
+    case TokenKind::DateVar:
+        return Type::Date;
+    case TokenKind::TimeVar:
+        return Type::Time;
+    case TokenKind::DateTimeVar:
+        return Type::DateTime;
+    default:
+        return std::nullopt;
     }
 }
 

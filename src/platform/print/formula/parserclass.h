@@ -10,8 +10,22 @@ namespace platform::print::formula {
 
 // Binding levels of the operators, loosest first.
 enum Level : int {
-    LevelImp, LevelEqv, LevelXor, LevelOr, LevelAnd, LevelNot, LevelCompare, LevelRange, LevelConcatenate,
-    LevelAdd, LevelModulo, LevelIntegerDivide, LevelMultiply, LevelSign, LevelPower, LevelNone,
+    LevelImp,
+    LevelEqv,
+    LevelXor,
+    LevelOr,
+    LevelAnd,
+    LevelNot,
+    LevelCompare,
+    LevelRange,
+    LevelConcatenate,
+    LevelAdd,
+    LevelModulo,
+    LevelIntegerDivide,
+    LevelMultiply,
+    LevelSign,
+    LevelPower,
+    LevelNone,
 };
 
 /// Recursive descent with binding levels. Every method gives null once a fault is known.
@@ -22,8 +36,7 @@ public:
         : m_lexer(text)
         , m_token(m_lexer.next())
         , m_ahead(m_lexer.next())
-    {
-    }
+    {}
 
     Parsed run();
 

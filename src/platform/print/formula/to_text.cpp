@@ -11,11 +11,11 @@ using namespace Qt::StringLiterals;
 namespace platform::print::formula {
 namespace {
 
-constexpr std::array kMonths{"enero"_L1, "febrero"_L1, "marzo"_L1, "abril"_L1, "mayo"_L1, "junio"_L1,
-                             "julio"_L1, "agosto"_L1, "septiembre"_L1, "octubre"_L1, "noviembre"_L1,
-                             "diciembre"_L1};
-const std::array kWeekdays{u"domingo"_s, u"lunes"_s, u"martes"_s, u"miércoles"_s,
-                           u"jueves"_s, u"viernes"_s, u"sábado"_s};
+constexpr std::array kMonths{"enero"_L1,      "febrero"_L1, "marzo"_L1,     "abril"_L1,
+                             "mayo"_L1,       "junio"_L1,   "julio"_L1,     "agosto"_L1,
+                             "septiembre"_L1, "octubre"_L1, "noviembre"_L1, "diciembre"_L1};
+const std::array kWeekdays{u"domingo"_s, u"lunes"_s,   u"martes"_s, u"miércoles"_s,
+                           u"jueves"_s,  u"viernes"_s, u"sábado"_s};
 
 /// A number in plain decimal digits; `fraction` has as many digits as were asked for.
 struct Decimal
@@ -35,8 +35,9 @@ struct Digits
 Digits shortestDigits(double magnitude)
 {
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                   std::chars_format::scientific).ptr;
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific)
+            .ptr;
     const QByteArray text(buffer.data(), end - buffer.data());
     const qsizetype mark = text.indexOf('e');
     Digits result;
@@ -79,8 +80,8 @@ Decimal toDecimal(double number, int places)
     if (result.integer.isEmpty())
         result.integer = "0";
     const auto isZero = [](char digit) { return digit == '0'; };
-    const bool zero = std::all_of(result.integer.begin(), result.integer.end(), isZero)
-        && std::all_of(result.fraction.begin(), result.fraction.end(), isZero);
+    const bool zero = std::all_of(result.integer.begin(), result.integer.end(), isZero) &&
+                      std::all_of(result.fraction.begin(), result.fraction.end(), isZero);
     result.negative = number < 0 && !zero;
     return result;
 }
@@ -96,7 +97,9 @@ std::optional<QString> patternPart(const DateTime& moment, QDate date, QChar let
     const int hour = moment.second / 3600;
     const int minute = moment.second / 60 % 60;
     const int second = moment.second % 60;
-    const auto numeric = [length](int number) { return length == 1 ? QString::number(number) : twoDigits(number); };
+    const auto numeric = [length](int number) {
+        return length == 1 ? QString::number(number) : twoDigits(number);
+    };
     switch (letter.unicode()) {
     case u'd':
         if (length <= 2)
@@ -227,8 +230,8 @@ std::optional<double> parseNumber(QStringView text)
     plain += u'.';
     plain += fraction;
     const auto isDigit = [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'.' || c == u'-'; };
-    if (fraction.contains(u'.') || integer.contains(u'-') || fraction.contains(u'-')
-        || !std::all_of(plain.begin(), plain.end(), isDigit)) {
+    if (fraction.contains(u'.') || integer.contains(u'-') || fraction.contains(u'-') ||
+        !std::all_of(plain.begin(), plain.end(), isDigit)) {
         return std::nullopt;
     }
     bool read = false;

@@ -14,11 +14,12 @@ namespace platform::print::formula {
 /// Decimals are held within 0 and this.
 inline constexpr int kMaxDecimals = 15;
 
-/// Rounds half away from zero on the shortest decimal form of the number. Negative places round before the point.
+/// Rounds half away from zero on the shortest decimal form of the number. Negative places round before the
+/// point.
 [[nodiscard]] double roundNumber(double number, int places);
 
-/// "1.234,50": rounded, grouped by three with `thousands`, decimals after `point`. "-" only beside a digit that
-/// isn't 0.
+/// "1.234,50": rounded, grouped by three with `thousands`, decimals after `point`. "-" only beside a digit
+/// that isn't 0.
 [[nodiscard]] QString formatNumber(double number, int decimals, QStringView thousands, QStringView point);
 
 /// Shortest decimal form with "." ("12", "0.5"): how a number stored in a text column reads.
@@ -34,7 +35,8 @@ inline constexpr int kMaxDecimals = 15;
 /// A whole text as number, Spanish form: "1.234,50". Nothing when it isn't one.
 [[nodiscard]] std::optional<double> parseNumber(QStringView text);
 
-/// "dd/mm/yyyy" with one or two digits for day and month and four for the year. Nothing when it is no such date.
+/// "dd/mm/yyyy" with one or two digits for day and month and four for the year. Nothing when it is no such
+/// date.
 [[nodiscard]] std::optional<Date> parseDate(QStringView text);
 
 /// 1 = enero; 1 = domingo. "" out of bounds.

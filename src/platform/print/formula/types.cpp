@@ -60,7 +60,7 @@ bool Checker::value(NodePtr& node)
     case NodeKind::Constant: {
         const Value& constant = node->constant;
         node->type = std::holds_alternative<double>(constant) ? Type::Number
-            : std::holds_alternative<bool>(constant)          ? Type::Boolean
+                     : std::holds_alternative<bool>(constant) ? Type::Boolean
                                                               : Type::Text;
         return true;
     }
@@ -133,7 +133,7 @@ bool Checker::assigned(Node& node, Type type)
     if (given->type == type || (type == Type::DateTime && given->type == Type::Date))
         return true;
     return fail(*given, u"la variable «%1» es de tipo %2 y el valor es %3"_s.arg(node.name, typeName(type),
-                                                                           typeName(given->type)));
+                                                                                 typeName(given->type)));
 }
 
 bool Checker::conditional(Node& node)
@@ -245,7 +245,7 @@ bool Checker::sum(Node& node)
         return true;
     }
     return fail(node, u"no se puede %1 %2 y %3"_s.arg(adding ? u"sumar"_s : u"restar"_s, typeName(left),
-                                                   typeName(right)));
+                                                      typeName(right)));
 }
 
 bool Checker::membership(Node& node)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The type checker: binds names, gives every node its type, turns calls about records into nodes of their own.
+// The type checker: binds names, gives every node its type, turns calls about records into nodes of their
+// own.
 
 #include "platform/print/formula/ast.h"
 #include "platform/print/formula/names.h"
@@ -15,7 +16,7 @@ struct Checked
 {
     Type type = Type::Boolean;
     Uses uses;
-    std::vector<Type> locals; ///< Local variables by slot
+    std::vector<Type> locals;   ///< Local variables by slot
     std::optional<Fault> fault; ///< code 9 or 11
 };
 

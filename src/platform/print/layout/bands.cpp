@@ -32,9 +32,9 @@ void BandWalk::set(SectionKind kind, int group)
     const auto level = static_cast<std::size_t>(group);
     m_band.kind = kind;
     m_band.group = group;
-    m_band.sections = kind == SectionKind::Detail ? m_details
-        : kind == SectionKind::GroupHeader        ? m_headers[level]
-                                                  : m_footers[level];
+    m_band.sections = kind == SectionKind::Detail        ? m_details
+                      : kind == SectionKind::GroupHeader ? m_headers[level]
+                                                         : m_footers[level];
 }
 
 void BandWalk::next()

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The bands of a report in print order: report header, then for each record the headers of the groups that begin,
-// the detail, the footers of the groups that end; report footer. Without records: the section "sin-datos".
+// The bands of a report in print order: report header, then for each record the headers of the groups that
+// begin, the detail, the footers of the groups that end; report footer. Without records: the section
+// "sin-datos".
 
 #include "platform/print/data/view.h"
 #include "platform/print/definition/model.h"

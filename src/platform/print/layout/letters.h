@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The letters of one style: widths by table, so that measuring a page costs next to nothing, and glyphs kept for
-// drawing. All lengths are hundredths of a millimetre, whatever the device.
+// The letters of one style: widths by table, so that measuring a page costs next to nothing, and glyphs kept
+// for drawing. All lengths are hundredths of a millimetre, whatever the device.
 
 #include "platform/print/definition/model.h"
 
@@ -26,8 +26,8 @@ public:
     [[nodiscard]] double width(QStringView text);
     /// Lines of a text within a width: broken at line ends and blanks, a longer word between its letters.
     [[nodiscard]] QStringList wrap(const QString& text, double width);
-    /// Glyphs for one line, with positions from its left end on the base line. A character that the style's font
-    /// lacks comes from another font.
+    /// Glyphs for one line, with positions from its left end on the base line. A character that the style's
+    /// font lacks comes from another font.
     [[nodiscard]] QList<QGlyphRun> glyphs(const QString& line);
 
 private:

@@ -291,7 +291,8 @@ void Paginator::placeCut(int number, quint32 position, const SectionLayout& layo
     const auto kept = std::make_shared<const KeptTexts>(layout.texts);
     while (skipped + kSlack < layout.height) {
         const double left = layout.height - skipped;
-        double part = left <= room() + kSlack ? left : SectionMaker::cutPoint(layout, skipped, room(), m_letters);
+        double part =
+            left <= room() + kSlack ? left : SectionMaker::cutPoint(layout, skipped, room(), m_letters);
         if (part <= kSlack && !m_emptyBody) {
             breakPage(position);
             continue;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Puts the bands of a report on pages, step by step, so that the first pages can be shown while the rest follows.
+// Puts the bands of a report on pages, step by step, so that the first pages can be shown while the rest
+// follows.
 
 #include "platform/print/layout/bands.h"
 #include "platform/print/layout/section.h"
@@ -12,8 +13,8 @@ namespace platform::print {
 struct Page
 {
     double headerHeight = 0;
-    quint32 first = 0; ///< record that the page header shows
-    quint32 last = 0;  ///< record that the page footer shows
+    quint32 first = 0;     ///< record that the page header shows
+    quint32 last = 0;      ///< record that the page footer shows
     bool restarts = false; ///< the count of a group begins here
     std::vector<PlacedSection> header;
     std::vector<PlacedSection> body; ///< y from the top of the body
@@ -63,15 +64,15 @@ private:
     View& m_view;
     BandWalk m_walk;
     std::vector<Page> m_pages;
-    double m_fullHeight = 0;   ///< between the margins, less the page footer
+    double m_fullHeight = 0; ///< between the margins, less the page footer
     double m_footerHeight = 0;
     double m_bodyHeight = 0;
     double m_y = 0;
-    bool m_emptyBody = true;   ///< nothing but repeated headers stands on the page yet
+    bool m_emptyBody = true; ///< nothing but repeated headers stands on the page yet
     bool m_breakPending = false;
     bool m_complete = false;
-    int m_groupPage = 0;       ///< of the page under way, from 1 since the count last began
-    int m_openGroups = 0;      ///< groups, from the outermost, whose header has been placed
+    int m_groupPage = 0;  ///< of the page under way, from 1 since the count last began
+    int m_openGroups = 0; ///< groups, from the outermost, whose header has been placed
 };
 
 } // namespace platform::print

@@ -16,8 +16,9 @@ bool holdsVariables(const Item& item)
     const auto has = [](const std::optional<formula::Formula>& formula) {
         return formula && formula->uses().variables;
     };
-    return has(item.formula) || has(item.suppress)
-        || std::any_of(item.pieces.begin(), item.pieces.end(), [&has](const TextPiece& piece) { return has(piece.field); });
+    return has(item.formula) || has(item.suppress) ||
+           std::any_of(item.pieces.begin(), item.pieces.end(),
+                       [&has](const TextPiece& piece) { return has(piece.field); });
 }
 
 /// Moves what lies wholly below something that grew, and tells how much the section grows.
@@ -26,8 +27,9 @@ double pushDown(std::vector<PlacedItem>& items)
     std::vector<std::size_t> order(items.size());
     for (std::size_t i = 0; i < order.size(); ++i)
         order[i] = i;
-    std::stable_sort(order.begin(), order.end(),
-                     [&items](std::size_t left, std::size_t right) { return items[left].item->y < items[right].item->y; });
+    std::stable_sort(order.begin(), order.end(), [&items](std::size_t left, std::size_t right) {
+        return items[left].item->y < items[right].item->y;
+    });
     std::vector<double> shifts(items.size(), 0);
     double before = 0;
     double after = 0;
@@ -72,7 +74,8 @@ SectionMaker::SectionMaker(Execution& execution, LetterCase& letters)
         m_traits.push_back(traits);
     }
     for (std::size_t i = 0; i < execution.report().subreports.size(); ++i)
-        m_subreports.push_back(std::make_unique<SectionMaker>(execution.subreport(static_cast<int>(i)), letters));
+        m_subreports.push_back(
+            std::make_unique<SectionMaker>(execution.subreport(static_cast<int>(i)), letters));
 }
 
 SectionMaker& SectionMaker::subreport(int i)
@@ -116,8 +119,8 @@ bool SectionMaker::repeatsAbove(const Item& item)
     records.setPosition(here - 1);
     const formula::Outcome above = item.formula->evaluate(records);
     records.setPosition(here);
-    return !now.fault && !above.fault && hasValue(now.value) && hasValue(above.value)
-        && formula::compareValues(now.value, above.value, records.options().caseSensitive) == 0;
+    return !now.fault && !above.fault && hasValue(now.value) && hasValue(above.value) &&
+           formula::compareValues(now.value, above.value, records.options().caseSensitive) == 0;
 }
 
 QString SectionMaker::text(const Item& item)
@@ -165,8 +168,8 @@ SectionLayout SectionMaker::make(int section, const KeptTexts* kept)
         const Item& item = definition.items[i];
         // A suppressed item of a kept section has a null text.
         const bool hidden = kept != nullptr ? (*kept)[i].isNull()
-                                            : item.suppress && !item.suppress->isEmpty()
-                && m_execution.records().met(*item.suppress);
+                                            : item.suppress && !item.suppress->isEmpty() &&
+                                                  m_execution.records().met(*item.suppress);
         QString shown = kept != nullptr ? (*kept)[i] : QString();
         if (!hidden && kept == nullptr) {
             shown = text(item);
@@ -229,13 +232,18 @@ std::vector<PlacedSection> SectionMaker::strip(int subreport, double& height)
 
 double SectionMaker::cutPoint(const SectionLayout& layout, double skipped, double room, LetterCase& letters)
 {
-    struct Whole { double top; double bottom; };
+    struct Whole
+    {
+        double top;
+        double bottom;
+    };
     std::vector<Whole> wholes;
     for (const PlacedItem& placed : layout.items) {
         if (!placed.lines.isEmpty()) {
             const double line = letters.letters(placed.item->style).lineHeight() / kUnits;
             for (qsizetype i = 0; i < placed.lines.size(); ++i)
-                wholes.push_back({placed.y + static_cast<double>(i) * line, placed.y + static_cast<double>(i + 1) * line});
+                wholes.push_back(
+                    {placed.y + static_cast<double>(i) * line, placed.y + static_cast<double>(i + 1) * line});
         }
         for (const PlacedSection& section : placed.strip)
             wholes.push_back({placed.y + section.y, placed.y + section.y + section.height});

@@ -18,8 +18,7 @@ public:
     explicit LetterCase(const std::vector<Style>& styles)
         : m_styles(styles)
         , m_letters(styles.size())
-    {
-    }
+    {}
     [[nodiscard]] Letters& letters(int style);
     [[nodiscard]] const Style& style(int style) const { return m_styles[static_cast<std::size_t>(style)]; }
 
@@ -28,8 +27,8 @@ private:
     std::vector<std::unique_ptr<Letters>> m_letters;
 };
 
-/// Texts of a section's items, in order, as they were when it was placed. Kept where a formula may be evaluated
-/// only once.
+/// Texts of a section's items, in order, as they were when it was placed. Kept where a formula may be
+/// evaluated only once.
 using KeptTexts = std::vector<QString>;
 
 struct PlacedSection;
@@ -57,7 +56,7 @@ struct PlacedSection
 {
     int section = 0;
     quint32 position = 0;
-    double y = 0;       ///< from the body's top, or the strip's
+    double y = 0; ///< from the body's top, or the strip's
     double height = 0;
     double skipped = 0; ///< height already printed on the pages before
     bool repeated = false;
@@ -75,9 +74,13 @@ public:
     /// Height alone; a section where nothing grows isn't laid out for it.
     [[nodiscard]] double height(int section);
     /// True when a formula of the section holds a variable, so that it is evaluated once and its texts kept.
-    [[nodiscard]] bool keepsTexts(int section) const { return m_traits[static_cast<std::size_t>(section)].keeps; }
+    [[nodiscard]] bool keepsTexts(int section) const
+    {
+        return m_traits[static_cast<std::size_t>(section)].keeps;
+    }
     /// Greatest height up to `room` at which the section can be cut between lines; 0 when there is none.
-    [[nodiscard]] static double cutPoint(const SectionLayout& layout, double skipped, double room, LetterCase& letters);
+    [[nodiscard]] static double cutPoint(const SectionLayout& layout, double skipped, double room,
+                                         LetterCase& letters);
     [[nodiscard]] Execution& execution() noexcept { return m_execution; }
     [[nodiscard]] SectionMaker& subreport(int i);
 

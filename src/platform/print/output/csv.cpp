@@ -27,7 +27,8 @@ QString heading(const formula::Formula& formula)
 
 QString quotedCell(const QString& text)
 {
-    const bool plain = !text.contains(u';') && !text.contains(u'"') && !text.contains(u'\n') && !text.contains(u'\r');
+    const bool plain =
+        !text.contains(u';') && !text.contains(u'"') && !text.contains(u'\n') && !text.contains(u'\r');
     if (plain)
         return text;
     QString doubled = text;

@@ -45,7 +45,8 @@ void Document::start(const TablePaths& paths, const std::vector<TablePaths>& sub
     m_maker = std::make_unique<SectionMaker>(*m_execution, *m_letters);
     m_paginator = std::make_unique<Paginator>(*m_maker, *m_letters);
     m_painter = std::make_unique<PagePainter>(*m_paginator, *m_maker, *m_letters, m_pictures);
-    while (pageCount() == 0 && m_paginator->step()) { }
+    while (pageCount() == 0 && m_paginator->step()) {
+    }
 }
 
 bool Document::makePages(int milliseconds)
@@ -61,7 +62,8 @@ bool Document::makePages(int milliseconds)
 
 void Document::makeAllPages()
 {
-    while (m_paginator->step()) { }
+    while (m_paginator->step()) {
+    }
 }
 
 int Document::pageCount() const noexcept

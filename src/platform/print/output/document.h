@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A report that has been started: its records read, its pages made step by step, ready to be painted anywhere.
+// A report that has been started: its records read, its pages made step by step, ready to be painted
+// anywhere.
 
 #include "platform/print/paint/pagepainter.h"
 

@@ -7,8 +7,8 @@
 
 namespace platform::print {
 
-/// All pages as PDF, fonts embedded, with the title given. Makes the pages that are missing. False when the file
-/// can't be written.
+/// All pages as PDF, fonts embedded, with the title given. Makes the pages that are missing. False when the
+/// file can't be written.
 [[nodiscard]] bool writePdf(Document& document, const QString& path, const QString& title);
 
 /// One line for each record: group fields, then the fields of the details; ";" between them, numbers with a

@@ -46,7 +46,8 @@ void PageView::setZoom(double zoom)
     m_zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
     m_cache.clear();
     const QSizeF paper = paperPixels();
-    setFixedSize(static_cast<int>(paper.width()) + 2 * kBorder, static_cast<int>(paper.height()) + 2 * kBorder);
+    setFixedSize(static_cast<int>(paper.width()) + 2 * kBorder,
+                 static_cast<int>(paper.height()) + 2 * kBorder);
     update();
 }
 
@@ -57,7 +58,8 @@ double PageView::zoomForWidth(int width) const
 
 double PageView::zoomForSize(QSize size) const
 {
-    const double byHeight = (size.height() - 2 * kBorder) / (m_document->paper().height() * logicalDpiY() / 25.4);
+    const double byHeight =
+        (size.height() - 2 * kBorder) / (m_document->paper().height() * logicalDpiY() / 25.4);
     return std::min(zoomForWidth(size.width()), byHeight);
 }
 
@@ -75,7 +77,8 @@ QPixmap PageView::drawn()
     auto pixmap = std::make_unique<QPixmap>(paper.toSize());
     pixmap->fill(Qt::white);
     QPainter painter(pixmap.get());
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
     const double scale = paper.width() / (m_document->paper().width() * kUnits);
     painter.scale(scale, scale);
     m_document->paint(painter, m_page);

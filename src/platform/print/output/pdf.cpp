@@ -23,8 +23,9 @@ bool writePdf(Document& document, const QString& path, const QString& title)
         QPdfWriter writer(&file);
         writer.setTitle(title);
         writer.setResolution(kResolution);
-        writer.setPageLayout(QPageLayout(QPageSize(document.paper(), QPageSize::Millimeter, {}, QPageSize::ExactMatch),
-                                         QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+        writer.setPageLayout(
+            QPageLayout(QPageSize(document.paper(), QPageSize::Millimeter, {}, QPageSize::ExactMatch),
+                        QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
         QPainter painter;
         if (!painter.begin(&writer))
             return false;

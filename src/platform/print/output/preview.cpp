@@ -159,8 +159,8 @@ void PreviewWindow::choosePrinter()
     }
     bool chosen = false;
     const int now = std::max(0, static_cast<int>(names.indexOf(m_printing.device)));
-    const QString name = QInputDialog::getItem(this, u"Configurar impresora"_s, u"Impresora:"_s, names, now, false,
-                                               &chosen);
+    const QString name =
+        QInputDialog::getItem(this, u"Configurar impresora"_s, u"Impresora:"_s, names, now, false, &chosen);
     if (chosen)
         m_printing.device = name;
 }
@@ -189,17 +189,28 @@ void PreviewWindow::zoomBy(double factor)
 bool PreviewWindow::handleKey(QKeyEvent* event)
 {
     switch (event->key()) {
-    case Qt::Key_PageUp: goPrevious(); return true;
-    case Qt::Key_PageDown: goNext(); return true;
-    case Qt::Key_Home: goFirst(); return true;
-    case Qt::Key_End: goLast(); return true;
-    case Qt::Key_Escape: cancelRun(); return true;
+    case Qt::Key_PageUp:
+        goPrevious();
+        return true;
+    case Qt::Key_PageDown:
+        goNext();
+        return true;
+    case Qt::Key_Home:
+        goFirst();
+        return true;
+    case Qt::Key_End:
+        goLast();
+        return true;
+    case Qt::Key_Escape:
+        cancelRun();
+        return true;
     case Qt::Key_P:
         if (event->modifiers() != Qt::ControlModifier || !m_canPrint)
             return false;
         printNow();
         return true;
-    default: return false;
+    default:
+        return false;
     }
 }
 

@@ -40,7 +40,8 @@ class PreviewWindow : public QMainWindow
 
 public:
     /// The window deletes itself when it is closed.
-    PreviewWindow(std::shared_ptr<Document> document, const PreviewRequest& request, const PrintRequest& printing);
+    PreviewWindow(std::shared_ptr<Document> document, const PreviewRequest& request,
+                  const PrintRequest& printing);
     ~PreviewWindow() override;
 
     void goTo(int page);

@@ -51,8 +51,8 @@ PrintTask::PrintTask(std::shared_ptr<Document> document, const PrintRequest& req
     m_printer->setFullPage(true);
     const QPageSize size(m_document->paper(), QPageSize::Millimeter, {}, QPageSize::FuzzyOrientationMatch);
     const bool across = m_document->paper().width() > m_document->paper().height();
-    m_printer->setPageLayout(QPageLayout(size, across ? QPageLayout::Landscape : QPageLayout::Portrait,
-                                         QMarginsF(0, 0, 0, 0)));
+    m_printer->setPageLayout(
+        QPageLayout(size, across ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
     if (m_printer->supportsMultipleCopies()) {
         m_printer->setCopyCount(request.copies);
         m_printer->setCollateCopies(request.collate);
@@ -121,7 +121,8 @@ void PrintTask::finish()
         return;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     m_document->makeAllPages();
-    while (printNext()) { }
+    while (printNext()) {
+    }
     end();
     QGuiApplication::restoreOverrideCursor();
 }

@@ -52,7 +52,7 @@ private:
     QPainter m_painter;
     QTimer m_timer;
     int m_first = 0;
-    int m_count = 0;  ///< pages of one copy, known once all are made
+    int m_count = 0;   ///< pages of one copy, known once all are made
     int m_repeats = 1; ///< copies that the printing system doesn't make itself
     int m_sheet = 0;
     bool m_begun = false;
@@ -60,8 +60,8 @@ private:
     bool m_failed = false;
 };
 
-/// Replaces the choice of the device, for tests and tools that print to a file: it sets the printer up and says
-/// whether it is there. An empty function brings the system's printers back.
+/// Replaces the choice of the device, for tests and tools that print to a file: it sets the printer up and
+/// says whether it is there. An empty function brings the system's printers back.
 void setPrinterSetup(std::function<bool(QPrinter&, const PrintRequest&)> setup);
 
 } // namespace platform::print

@@ -26,8 +26,7 @@ PagePainter::PagePainter(Paginator& paginator, SectionMaker& maker, LetterCase& 
     , m_maker(maker)
     , m_letters(letters)
     , m_pictures(pictures)
-{
-}
+{}
 
 void PagePainter::paint(QPainter& painter, int page)
 {
@@ -53,14 +52,15 @@ QString PagePainter::pageText(int page)
     return texts.join(u'\n');
 }
 
-void PagePainter::paintSections(QPainter& painter, SectionMaker& maker, const std::vector<PlacedSection>& sections,
-                                double x, double y)
+void PagePainter::paintSections(QPainter& painter, SectionMaker& maker,
+                                const std::vector<PlacedSection>& sections, double x, double y)
 {
     for (const PlacedSection& placed : sections)
         paintSection(painter, maker, placed, x, y + placed.y);
 }
 
-void PagePainter::paintSection(QPainter& painter, SectionMaker& maker, const PlacedSection& placed, double x, double y)
+void PagePainter::paintSection(QPainter& painter, SectionMaker& maker, const PlacedSection& placed, double x,
+                               double y)
 {
     PageFacts facts = m_facts;
     facts.repeatedHeader = placed.repeated;
@@ -89,7 +89,8 @@ bool PagePainter::inSlice(double top, double height) const
     return !m_slice || (middle >= m_slice->top && middle <= m_slice->bottom);
 }
 
-void PagePainter::paintItem(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x, double y)
+void PagePainter::paintItem(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x,
+                            double y)
 {
     switch (placed.item->kind) {
     case Item::Kind::Text:
@@ -103,8 +104,8 @@ void PagePainter::paintItem(QPainter& painter, SectionMaker& maker, const Placed
     case Item::Kind::Subreport:
         // The strip's records are those of the record that stands above.
         maker.execution().enterSubreport(placed.item->subreport);
-        return paintSections(painter, maker.subreport(placed.item->subreport), placed.strip, x + placed.item->x,
-                             y + placed.y);
+        return paintSections(painter, maker.subreport(placed.item->subreport), placed.strip,
+                             x + placed.item->x, y + placed.y);
     }
 }
 
@@ -178,7 +179,8 @@ void PagePainter::paintFrame(QPainter& painter, const PlacedItem& placed, double
     }
 }
 
-void PagePainter::paintPicture(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x, double y)
+void PagePainter::paintPicture(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x,
+                               double y)
 {
     if (m_texts != nullptr)
         return;

@@ -30,9 +30,10 @@ private:
     };
 
     [[nodiscard]] bool inSlice(double top, double height) const;
-    void paintSections(QPainter& painter, SectionMaker& maker, const std::vector<PlacedSection>& sections, double x,
-                       double y);
-    void paintSection(QPainter& painter, SectionMaker& maker, const PlacedSection& placed, double x, double y);
+    void paintSections(QPainter& painter, SectionMaker& maker, const std::vector<PlacedSection>& sections,
+                       double x, double y);
+    void paintSection(QPainter& painter, SectionMaker& maker, const PlacedSection& placed, double x,
+                      double y);
     void paintItem(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x, double y);
     void paintText(QPainter& painter, const PlacedItem& placed, double x, double y);
     void paintFrame(QPainter& painter, const PlacedItem& placed, double x, double y);
@@ -43,7 +44,7 @@ private:
     LetterCase& m_letters;
     Pictures& m_pictures;
     PageFacts m_facts;
-    std::optional<Span> m_slice; ///< of a section under way that is cut
+    std::optional<Span> m_slice;    ///< of a section under way that is cut
     QStringList* m_texts = nullptr; ///< collects instead of painting
 };
 

@@ -15,8 +15,7 @@ public:
     /// Folder of the report file, as a native path.
     explicit Pictures(QString folder)
         : m_folder(std::move(folder))
-    {
-    }
+    {}
 
     /// The picture, or a null image when it can't be read. A relative name counts from the report's folder.
     [[nodiscard]] const QImage& picture(const QString& name);

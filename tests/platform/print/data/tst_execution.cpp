@@ -70,19 +70,22 @@ void ExecutionTest::init()
 
 void ExecutionTest::initTestCase()
 {
-    givenTable(m_template.filePath(u"CLIENTES.MDB"_s), u"CLI"_s, {u"COD"_s, u"NOMBRE"_s, u"ZONA"_s, u"IMPORTE#"_s},
+    givenTable(m_template.filePath(u"CLIENTES.MDB"_s), u"CLI"_s,
+               {u"COD"_s, u"NOMBRE"_s, u"ZONA"_s, u"IMPORTE#"_s},
                {{u"3"_s, u"Zurbano"_s, u"B"_s, 30.0},
                 {u"1"_s, u"ñu"_s, u"A"_s, 10.0},
                 {u"2"_s, u"Nuria"_s, u"A"_s, 20.0},
                 {u"4"_s, u"nz"_s, Null{}, 40.0}});
-    givenTable(m_template.filePath(u"ZONAS.MDB"_s), u"ZON"_s, {u"COD"_s, u"TEXTO"_s}, {{u"A"_s, u"Norte"_s}, {u"A"_s, u"Sur"_s}});
+    givenTable(m_template.filePath(u"ZONAS.MDB"_s), u"ZON"_s, {u"COD"_s, u"TEXTO"_s},
+               {{u"A"_s, u"Norte"_s}, {u"A"_s, u"Sur"_s}});
 }
 
 void ExecutionTest::run(const QString& elements, const QString& formula)
 {
     const QString field = formula.isEmpty() ? u"{CLI.COD}"_s : formula;
-    const QString xml = u"<informe version=\"1\" nombre=\"P\"><tabla n=\"0\" alias=\"CLI\" fichero=\"CLIENTES.MDB\"/>"
-                        "%1<formula nombre=\"X\"><![CDATA[%2]]></formula></informe>"_s.arg(elements, field);
+    const QString xml =
+        u"<informe version=\"1\" nombre=\"P\"><tabla n=\"0\" alias=\"CLI\" fichero=\"CLIENTES.MDB\"/>"
+        "%1<formula nombre=\"X\"><![CDATA[%2]]></formula></informe>"_s.arg(elements, field);
     ReadReport read = readReport(xml.toUtf8());
     QVERIFY2(read.report, read.faults.empty() ? "" : qPrintable(read.faults.front().text));
     m_report = std::move(read.report);
@@ -138,7 +141,8 @@ void ExecutionTest::neededTableDropsRecordsWithoutAMatch()
 
 void ExecutionTest::optionalTableGivesNulls()
 {
-    run(kZones.arg(u"union=\"opcional\" max-filas=\"1\""_s), u"IIf(IsNull({ZON.TEXTO}), \"sin\", {CLI.COD})"_s);
+    run(kZones.arg(u"union=\"opcional\" max-filas=\"1\""_s),
+        u"IIf(IsNull({ZON.TEXTO}), \"sin\", {CLI.COD})"_s);
     QCOMPARE(values(), (QStringList{u"sin"_s, u"1"_s, u"2"_s, u"sin"_s}));
 }
 
@@ -217,20 +221,45 @@ void ExecutionTest::subreportTakesTheRecordsOfItsLink()
 void ExecutionTest::pushedSelectionTakesTheSameRecords()
 {
     givenTable(path(u"CLIENTES.MDB"_s), u"RARA"_s, {u"T"_s, u"N#"_s},
-               {{u""_s, 0.0}, {Null{}, Null{}}, {u"a"_s, 1.0}, {u"a "_s, -1.0}, {u"A"_s, 2.5}, {u"á"_s, 3.0},
-                {u"12,50"_s, 12.0}, {u"15/03/2024"_s, 1e15}, {u"ñ"_s, 4.0}, {u"O'B"_s, 5.0}, {u"10"_s, 10.0}});
-    const QStringList formulas{
-        u"{RARA.T} = \"a\""_s, u"{RARA.T} <> \"a\""_s, u"\"a\" < {RARA.T}"_s, u"{RARA.T} >= \"a \""_s,
-        u"{RARA.T} in \"1\" to \"9\""_s, u"{RARA.T} in \"a\" _to_ \"ñ\""_s, u"{RARA.T} in [\"O'B\", \"á\", \"0\" to \"2\"]"_s,
-        u"{RARA.T} in upfrom \"n\""_s, u"Mid({RARA.T},4,2) = \"03\""_s, u"Mid({RARA.T},2) = \"\""_s,
-        u"Left({RARA.T},1) = \"A\""_s, u"Right({RARA.T},1) = \" \""_s, u"Length({RARA.T}) in 1 to 2"_s,
-        u"Val({RARA.T}) > 9"_s, u"{RARA.N} > 2"_s, u"{RARA.N} in [2.5, 3 to 5]"_s, u"{RARA.N} <= -1"_s,
-        u"IsNull({RARA.T})"_s, u"not IsNull({RARA.N}) and {RARA.N} < 3 and {RARA.T} <> \"\""_s,
-        u"IsNull({RARA.T}) or {RARA.T} = \"\""_s, u"5 < {RARA.N}"_s, u"{RARA.T} in []"_s};
+               {{u""_s, 0.0},
+                {Null{}, Null{}},
+                {u"a"_s, 1.0},
+                {u"a "_s, -1.0},
+                {u"A"_s, 2.5},
+                {u"á"_s, 3.0},
+                {u"12,50"_s, 12.0},
+                {u"15/03/2024"_s, 1e15},
+                {u"ñ"_s, 4.0},
+                {u"O'B"_s, 5.0},
+                {u"10"_s, 10.0}});
+    const QStringList formulas{u"{RARA.T} = \"a\""_s,
+                               u"{RARA.T} <> \"a\""_s,
+                               u"\"a\" < {RARA.T}"_s,
+                               u"{RARA.T} >= \"a \""_s,
+                               u"{RARA.T} in \"1\" to \"9\""_s,
+                               u"{RARA.T} in \"a\" _to_ \"ñ\""_s,
+                               u"{RARA.T} in [\"O'B\", \"á\", \"0\" to \"2\"]"_s,
+                               u"{RARA.T} in upfrom \"n\""_s,
+                               u"Mid({RARA.T},4,2) = \"03\""_s,
+                               u"Mid({RARA.T},2) = \"\""_s,
+                               u"Left({RARA.T},1) = \"A\""_s,
+                               u"Right({RARA.T},1) = \" \""_s,
+                               u"Length({RARA.T}) in 1 to 2"_s,
+                               u"Val({RARA.T}) > 9"_s,
+                               u"{RARA.N} > 2"_s,
+                               u"{RARA.N} in [2.5, 3 to 5]"_s,
+                               u"{RARA.N} <= -1"_s,
+                               u"IsNull({RARA.T})"_s,
+                               u"not IsNull({RARA.N}) and {RARA.N} < 3 and {RARA.T} <> \"\""_s,
+                               u"IsNull({RARA.T}) or {RARA.T} = \"\""_s,
+                               u"5 < {RARA.N}"_s,
+                               u"{RARA.T} in []"_s};
     for (const QString& nulls : {u"parar"_s, u"vacio"_s}) {
         for (const QString& formula : formulas) {
-            const QString xml = u"<informe version=\"1\" nombre=\"P\" nulos=\"%1\"><tabla n=\"0\" alias=\"RARA\" "
-                                "fichero=\"CLIENTES.MDB\"/><seleccion><![CDATA[%2]]></seleccion></informe>"_s.arg(nulls, formula);
+            const QString xml =
+                u"<informe version=\"1\" nombre=\"P\" nulos=\"%1\"><tabla n=\"0\" alias=\"RARA\" "
+                "fichero=\"CLIENTES.MDB\"/><seleccion><![CDATA[%2]]></seleccion></informe>"_s.arg(nulls,
+                                                                                                  formula);
             QList<quint32> sizes;
             for (const bool on : {false, true}) {
                 ReadReport read = readReport(xml.toUtf8());
@@ -253,10 +282,12 @@ void ExecutionTest::onlyWhatComparesOneColumnIsPushed_data()
     const auto row = [](const char* name, const QString& selection, const QByteArray& condition) {
         QTest::newRow(name) << selection << condition;
     };
-    row("part of a column", u"Mid ({A.T},4,2) = \"03\""_s, "report_compare(report_mid(report_text(\"T\"),4,2),'03',0)=0");
+    row("part of a column", u"Mid ({A.T},4,2) = \"03\""_s,
+        "report_compare(report_mid(report_text(\"T\"),4,2),'03',0)=0");
     row("an apostrophe", u"{A.T} = \"O'B\""_s, "report_compare(report_text(\"T\"),'O''B',0)=0");
     row("constant first", u"3 < {A.N}"_s, "report_compare(report_number(\"N\"),3.0,0)>0");
-    row("one term of two", u"{A.N} = 1 and {A.T} & \"x\" = \"y\""_s, "report_compare(report_number(\"N\"),1.0,0)=0");
+    row("one term of two", u"{A.N} = 1 and {A.T} & \"x\" = \"y\""_s,
+        "report_compare(report_number(\"N\"),1.0,0)=0");
     row("a null", u"IsNull({A.T})"_s, "\"T\" IS NULL");
     row("either of two", u"{A.N} = 1 or {A.N} = 2"_s, "");
     row("a variable", u"NumberVar x := 1; {A.N} = x"_s, "");
@@ -272,7 +303,8 @@ void ExecutionTest::onlyWhatComparesOneColumnIsPushed()
     const QString xml = u"<informe version=\"1\" nombre=\"P\"><tabla n=\"0\" alias=\"A\" fichero=\"A.MDB\"/>"
                         "<seleccion><![CDATA[%1]]></seleccion></informe>"_s.arg(selection);
     ReadReport read = readReport(xml.toUtf8());
-    const std::vector<std::vector<SourceColumn>> schemas{{{u"T"_s, formula::Type::Text}, {u"N"_s, formula::Type::Number}}};
+    const std::vector<std::vector<SourceColumn>> schemas{
+        {{u"T"_s, formula::Type::Text}, {u"N"_s, formula::Type::Number}}};
     Variables variables;
     Binder binder(*read.report, schemas, variables);
     binder.bindAll();
@@ -308,14 +340,18 @@ void ExecutionTest::reportThatCantRunSaysWhy_data()
     };
     row("a column that isn't there", {}, u"{CLI.NADA}"_s, kColumnMissing);
     row("a table that the report hasn't", {}, u"{NADA.COD}"_s, kFormulaTypes);
-    row("a table that the store hasn't", u"<tabla n=\"1\" alias=\"NADA\" fichero=\"@0/ZONAS.MDB\">"
-                                         "<condicion>1 = 1</condicion></tabla>"_s, {}, kTableMissing);
+    row("a table that the store hasn't",
+        u"<tabla n=\"1\" alias=\"NADA\" fichero=\"@0/ZONAS.MDB\">"
+        "<condicion>1 = 1</condicion></tabla>"_s,
+        {}, kTableMissing);
     row("a selection that is no condition", u"<seleccion>1 + 1</seleccion>"_s, {}, kFormulaTypes);
     row("a selection by a total", u"<seleccion>Sum({CLI.IMPORTE}) > 1</seleccion>"_s, {}, kFormulaTypes);
     row("a formula that uses itself", {}, u"{@X} & \"a\""_s, kFormulaTypes);
     row("a total by no group", {}, u"Sum({CLI.IMPORTE},{CLI.ZONA})"_s, kFormulaTypes);
-    row("a link of two types", u"<tabla n=\"1\" alias=\"ZON\" fichero=\"@0/ZONAS.MDB\">"
-                               "<enlace campo=\"{ZON.COD}\" con=\"{CLI.IMPORTE}\"/></tabla>"_s, {}, kFormulaTypes);
+    row("a link of two types",
+        u"<tabla n=\"1\" alias=\"ZON\" fichero=\"@0/ZONAS.MDB\">"
+        "<enlace campo=\"{ZON.COD}\" con=\"{CLI.IMPORTE}\"/></tabla>"_s,
+        {}, kFormulaTypes);
 }
 
 void ExecutionTest::reportThatCantRunSaysWhy()

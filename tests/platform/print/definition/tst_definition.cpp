@@ -29,14 +29,16 @@ namespace {
 
 QByteArray report(const QByteArray& inside, const QByteArray& attributes = "version=\"1\" nombre=\"Prueba\"")
 {
-    return "<informe " + attributes + ">\n<tabla n=\"0\" alias=\"T\" fichero=\"T.MDB\"/>\n" + inside + "\n</informe>";
+    return "<informe " + attributes + ">\n<tabla n=\"0\" alias=\"T\" fichero=\"T.MDB\"/>\n" + inside +
+           "\n</informe>";
 }
 
 } // namespace
 
 void DefinitionTest::goodFileGivesItsModel()
 {
-    const ReadReport read = readReport(report(R"(<pagina papel="A4" orientacion="horizontal" margenes="10 11 12 13"/>
+    const ReadReport read =
+        readReport(report(R"(<pagina papel="A4" orientacion="horizontal" margenes="10 11 12 13"/>
 <tabla n="1" alias="Z" fichero="@0/ZONAS.MDB" union="opcional" max-filas="1">
   <enlace campo="{Z.COD}" con="{T.ZONA}"/>
 </tabla>
@@ -62,7 +64,8 @@ void DefinitionTest::goodFileGivesItsModel()
 
 void DefinitionTest::styleInheritsFromItsBase()
 {
-    const ReadReport read = readReport(report(R"x(<estilo id="a" letra="DejaVu Sans, Arial" cuerpo="8" negrita="si"/>
+    const ReadReport read =
+        readReport(report(R"x(<estilo id="a" letra="DejaVu Sans, Arial" cuerpo="8" negrita="si"/>
 <estilo id="b" base="a" cuerpo="10" alinear="derecha" formato="numero(2)"/>)x"));
 
     const Style& style = read.report->styles[2];
@@ -81,8 +84,7 @@ void DefinitionTest::sectionsStandFromTheTopDown()
 
     QStringList order;
     for (const Section& section : read.report->sections)
-        order += u"%1-%2-%3"_s.arg(static_cast<int>(section.kind)).arg(section.group)
-                     .arg(section.letter);
+        order += u"%1-%2-%3"_s.arg(static_cast<int>(section.kind)).arg(section.group).arg(section.letter);
     QCOMPARE(order.join(u' '), u"2-0-0 2-1-0 3--1-0 3--1-1 4-1-0 4-0-0 6--1-0"_s);
 }
 
@@ -117,32 +119,40 @@ void DefinitionTest::badFileNamesItsFault_data()
     const auto row = [](const char* name, const QByteArray& file, const QString& fault) {
         QTest::newRow(name) << file << fault;
     };
-    row("unknown attribute", report("<seccion tipo=\"detalle\" alto=\"5\">\n  <campo x=\"0\" y=\"0\" anchoo=\"2\" "
-                                    "ancho=\"2\" alto=\"4\" expr=\"1\"/></seccion>"),
+    row("unknown attribute",
+        report("<seccion tipo=\"detalle\" alto=\"5\">\n  <campo x=\"0\" y=\"0\" anchoo=\"2\" "
+               "ancho=\"2\" alto=\"4\" expr=\"1\"/></seccion>"),
         u"4:22: el atributo «anchoo» no existe en «campo»"_s);
-    row("missing attribute", report("<seccion tipo=\"detalle\"/>"), u"3:1: falta el atributo «alto» en «seccion»"_s);
+    row("missing attribute", report("<seccion tipo=\"detalle\"/>"),
+        u"3:1: falta el atributo «alto» en «seccion»"_s);
     row("unknown element", report("<secion/>"), u"3:1: el elemento «secion» no existe en «informe»"_s);
     row("bad formula", report("<filtro>1 +</filtro>"), u"3:1: fórmula, 1:4: se esperaba un valor"_s);
     row("number out of range", report("<estilo id=\"a\" cuerpo=\"900\"/>"),
         u"3:16: «cuerpo» ha de ser un número entre 1 y 200"_s);
-    row("unknown style", report("<seccion tipo=\"detalle\" alto=\"5\"><campo x=\"0\" y=\"0\" ancho=\"2\" alto=\"4\" "
-                                "expr=\"1\" estilo=\"no\"/></seccion>"),
+    row("unknown style",
+        report("<seccion tipo=\"detalle\" alto=\"5\"><campo x=\"0\" y=\"0\" ancho=\"2\" alto=\"4\" "
+               "expr=\"1\" estilo=\"no\"/></seccion>"),
         u"3:81: el estilo «no» no existe"_s);
-    row("unknown group", report("<seccion tipo=\"pie-grupo\" grupo=\"1\" alto=\"5\"/>"), u"3:27: el grupo 1 no existe"_s);
+    row("unknown group", report("<seccion tipo=\"pie-grupo\" grupo=\"1\" alto=\"5\"/>"),
+        u"3:27: el grupo 1 no existe"_s);
     row("unknown word", report("<seccion tipo=\"otra\" alto=\"5\"/>"),
-        u"3:10: «tipo» ha de ser «cabecera-informe», «cabecera-pagina», «cabecera-grupo», «detalle», «pie-grupo», "
+        u"3:10: «tipo» ha de ser «cabecera-informe», «cabecera-pagina», «cabecera-grupo», «detalle», "
+        u"«pie-grupo», "
         "«pie-informe», «pie-pagina», «sin-datos»"_s);
     row("document type", "<!DOCTYPE informe><informe/>", u"1:19: no se admite un tipo de documento (DTD)"_s);
     row("another root", "<report/>", u"1:1: se esperaba el elemento «informe» y hay «report»"_s);
     row("table without link", report("<tabla n=\"1\" alias=\"Z\" fichero=\"Z.MDB\"/>"),
         u"3:1: falta el enlace de la tabla «Z»"_s);
-    row("table numbers with a gap", report("<tabla n=\"2\" alias=\"Z\" fichero=\"Z.MDB\"><enlace campo=\"{Z.A}\" "
-                                           "con=\"{T.A}\"/></tabla>"),
+    row("table numbers with a gap",
+        report("<tabla n=\"2\" alias=\"Z\" fichero=\"Z.MDB\"><enlace campo=\"{Z.A}\" "
+               "con=\"{T.A}\"/></tabla>"),
         u"3:8: las tablas se numeran de 0 en adelante, sin huecos y por orden"_s);
-    row("unknown subreport", report("<seccion tipo=\"detalle\" alto=\"5\"><subinforme nombre=\"S\" x=\"0\" y=\"0\" "
-                                    "ancho=\"9\"/></seccion>"),
+    row("unknown subreport",
+        report("<seccion tipo=\"detalle\" alto=\"5\"><subinforme nombre=\"S\" x=\"0\" y=\"0\" "
+               "ancho=\"9\"/></seccion>"),
         u"3:46: el subinforme «S» no existe"_s);
-    row("bad format", report("<estilo id=\"a\" formato=\"numero(x)\"/>"), u"3:16: el formato «numero(x)» no existe"_s);
+    row("bad format", report("<estilo id=\"a\" formato=\"numero(x)\"/>"),
+        u"3:16: el formato «numero(x)» no existe"_s);
     row("a version of another time", report("", "version=\"2\" nombre=\"P\""),
         u"1:10: «version» ha de ser un número entre 1 y 1"_s);
     row("not UTF-8", "<informe nombre=\"\xf1\"/>", u"1:1: el fichero no es UTF-8"_s);
@@ -179,9 +189,8 @@ void DefinitionTest::valuePrintsByItsFormat_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<formula::Value>("value");
     QTest::addColumn<QString>("printed");
-    const auto row = [](const char* name, const QString& format, const formula::Value& value, const QString& printed) {
-        QTest::newRow(name) << format << value << printed;
-    };
+    const auto row = [](const char* name, const QString& format, const formula::Value& value,
+                        const QString& printed) { QTest::newRow(name) << format << value << printed; };
     row("two decimals", u"numero(2)"_s, 1234.5, u"1.234,50"_s);
     row("zero left blank", u"numero(2,cero-blanco)"_s, 0.0, u""_s);
     row("a text that holds a date", u"fecha(dd-MM-yy)"_s, u"05/03/2024"_s, u"05-03-24"_s);

@@ -107,7 +107,10 @@ private:
 
     static QString faultText(const Fault& fault)
     {
-        return QStringLiteral("E%1 %2:%3").arg(fault.code).arg(fault.position.line).arg(fault.position.column);
+        return QStringLiteral("E%1 %2:%3")
+            .arg(fault.code)
+            .arg(fault.position.line)
+            .arg(fault.position.column);
     }
     static QString shown(const Value& value);
 

@@ -29,16 +29,20 @@ namespace {
 QString soup(quint32 seed)
 {
     static const QStringList tokens{
-        u"1"_s, u"2.5"_s, u"\"a\""_s, u"'b'"_s, u"{Z.C}"_s, u"{Z.N}"_s, u"{@F}"_s, u"("_s, u")"_s, u"["_s, u"]"_s,
-        u","_s, u";"_s, u"+"_s, u"-"_s, u"*"_s, u"/"_s, u"\\"_s, u"%"_s, u"^"_s, u"&"_s, u"="_s, u"<>"_s, u"<"_s,
-        u">="_s, u":="_s, u"if"_s, u"then"_s, u"else"_s, u"and"_s, u"or"_s, u"not"_s, u"in"_s, u"to"_s, u"to_"_s,
-        u"upto"_s, u"mod"_s, u"True"_s, u"NumberVar"_s, u"Local"_s, u"StringVar"_s, u"x"_s, u"y"_s, u"Left("_s,
-        u"Date("_s, u"IsNull("_s, u"Sum("_s, u"Minimum("_s, u"ToText("_s, u"PageNumber"_s, u"//"_s, u"\n"_s, u"{"_s,
-        u"\""_s, u"ñ"_s, u"¿"_s, u"{?p}"_s};
+        u"1"_s,          u"2.5"_s,   u"\"a\""_s, u"'b'"_s,       u"{Z.C}"_s, u"{Z.N}"_s,     u"{@F}"_s,
+        u"("_s,          u")"_s,     u"["_s,     u"]"_s,         u","_s,     u";"_s,         u"+"_s,
+        u"-"_s,          u"*"_s,     u"/"_s,     u"\\"_s,        u"%"_s,     u"^"_s,         u"&"_s,
+        u"="_s,          u"<>"_s,    u"<"_s,     u">="_s,        u":="_s,    u"if"_s,        u"then"_s,
+        u"else"_s,       u"and"_s,   u"or"_s,    u"not"_s,       u"in"_s,    u"to"_s,        u"to_"_s,
+        u"upto"_s,       u"mod"_s,   u"True"_s,  u"NumberVar"_s, u"Local"_s, u"StringVar"_s, u"x"_s,
+        u"y"_s,          u"Left("_s, u"Date("_s, u"IsNull("_s,   u"Sum("_s,  u"Minimum("_s,  u"ToText("_s,
+        u"PageNumber"_s, u"//"_s,    u"\n"_s,    u"{"_s,         u"\""_s,    u"ñ"_s,         u"¿"_s,
+        u"{?p}"_s};
     QRandomGenerator random(seed);
     QString text;
     for (int i = random.bounded(1, 24); i > 0; --i)
-        text += tokens[random.bounded(static_cast<int>(tokens.size()))] + (random.bounded(4) == 0 ? u""_s : u" "_s);
+        text += tokens[random.bounded(static_cast<int>(tokens.size()))] +
+                (random.bounded(4) == 0 ? u""_s : u" "_s);
     return text;
 }
 
@@ -119,7 +123,8 @@ void AnyInputTest::parsingTwiceGivesTheSame()
 
 void AnyInputTest::rangeAgreesWithItsTwoComparisons()
 {
-    const QStringList texts{u""_s, u" "_s, u"a"_s, u"A"_s, u"a "_s, u"á"_s, u"ch"_s, u"cz"_s, u"ñ"_s, u"9"_s, u"10"_s};
+    const QStringList texts{u""_s,   u" "_s,  u"a"_s, u"A"_s, u"a "_s, u"á"_s,
+                            u"ch"_s, u"cz"_s, u"ñ"_s, u"9"_s, u"10"_s};
     FormulaFixture report;
     for (const QString& value : texts) {
         for (const QString& from : texts) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The formula language, case by case: binding of operators, texts, ranges, variables, dates, nulls, functions.
+// The formula language, case by case: binding of operators, texts, ranges, variables, dates, nulls,
+// functions.
 #include "platform/print/formula/formulafixture.h"
 
 #include <QTest>
@@ -109,7 +110,8 @@ void choiceAndVariableRows()
     row("36 the text ends at the first zero", u"5"_s + QChar(0) + u")))"_s, u"5"_s);
     row("IIf chooses", u"IIf(1 = 1, \"a\", \"b\")"_s, u"a"_s);
     row("branches of two types", u"if True then 1 else \"a\""_s, u"E11 1:21"_s);
-    row("Any, Mes and Dia are free names", u"NumberVar Any; NumberVar Mes; NumberVar Dia := 3; Dia"_s, u"3"_s);
+    row("Any, Mes and Dia are free names", u"NumberVar Any; NumberVar Mes; NumberVar Dia := 3; Dia"_s,
+        u"3"_s);
     row("keyword as a variable", u"NumberVar To; 1"_s, u"E10 1:11"_s);
 }
 
@@ -168,7 +170,8 @@ void dateRows()
     row("weekday by name", u"WeekdayName(4)"_s, u"miércoles"_s);
     row("date from its text", u"Date(\"5/3/2024\")"_s, u"05/03/2024"_s);
     row("hour of a moment", u"Hour(DateTime(2024,3,5,10,20,30))"_s, u"10"_s);
-    row("long pattern", u"ToText(Date(2024,3,5),\"dddd, d 'de' MMMM 'de' yyyy\")"_s, u"martes, 5 de marzo de 2024"_s);
+    row("long pattern", u"ToText(Date(2024,3,5),\"dddd, d 'de' MMMM 'de' yyyy\")"_s,
+        u"martes, 5 de marzo de 2024"_s);
     row("a day and a half later", u"DateTime(2024,3,5,12,0,0) + 1.5"_s, u"07/03/2024 00:00:00"_s);
     row("past the calendar", u"Date(9999,12,31) + 1"_s, u"E13 1:18"_s);
 }

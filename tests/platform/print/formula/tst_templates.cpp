@@ -53,7 +53,8 @@ void row(const char* name, const QString& formula, const Record& record, const Q
 
 void rangeRows()
 {
-    const QString zones = u"{ClientesTabla.ZonaCodigo} in '0000000001' to '9999999999'"_s + QChar(0) + QChar(0);
+    const QString zones =
+        u"{ClientesTabla.ZonaCodigo} in '0000000001' to '9999999999'"_s + QChar(0) + QChar(0);
     const QString zone = u"ClientesTabla.ZonaCodigo"_s;
     row("59 first zone", zones, {{zone, text(u"0000000001"_s)}}, kYes);
     row("59 a zone within", zones, {{zone, text(u"0000000012"_s)}}, kYes);
@@ -86,16 +87,23 @@ void monthRows()
 
 void documentRows()
 {
-    struct Report { const char* name; QString number; QString channel; };
+    struct Report
+    {
+        const char* name;
+        QString number;
+        QString channel;
+    };
     const QList<Report> reports{
         {"64 report 1", u"FacturaTabla.FACTURANumero"_s, u"FacturaTabla.FACTURACanal"_s},
         {"64 report 2", u"AlbaranesTabla.ALBARANNumero"_s, u"AlbaranesTabla.ALBARANCanal"_s},
         {"64 report 3", u"PEDIDOSTabla.PEDIDOSNumero"_s, u"PEDIDOSTabla.PEDIDOSCanal"_s},
         {"64 report 4", u"PresupuestoTabla.PRECOMNumero"_s, u"PresupuestoTabla.PRECOMCanal"_s},
-        {"64 report 5", u"ComprasPedidosTabla.ComprasPedidosNumero"_s, u"ComprasPedidosTabla.ComprasPedidosCanal"_s},
+        {"64 report 5", u"ComprasPedidosTabla.ComprasPedidosNumero"_s,
+         u"ComprasPedidosTabla.ComprasPedidosCanal"_s},
         {"64 report 7", u"ComprasAlbaranesTabla.COMPRASALBARANNumero"_s,
          u"ComprasAlbaranesTabla.COMPRASALBARANCanal"_s},
-        {"64 report 8", u"ComprasFacturaTabla.COMPRASFacturaNumero"_s, u"ComprasFacturaTabla.COMPRASFacturaCanal"_s},
+        {"64 report 8", u"ComprasFacturaTabla.COMPRASFacturaNumero"_s,
+         u"ComprasFacturaTabla.COMPRASFacturaCanal"_s},
     };
     for (const Report& report : reports) {
         const QString formula = u"{%1} in 0 to 0 AND {%2} = ''"_s.arg(report.number, report.channel);
@@ -105,7 +113,8 @@ void documentRows()
             << formula << Record{{report.number, 9.0}, {report.channel, text(u""_s)}} << kNo;
     }
     const QString plain = u"{FacturaTabla.FACTURANumero} in 0 to 0 AND {FacturaTabla.FACTURACanal} = ''"_s;
-    const QString warranty = u"{extendido.extendocumento} ='FACT' OR ISNULL({extendido.extendocumento})= TRUE AND "_s;
+    const QString warranty =
+        u"{extendido.extendocumento} ='FACT' OR ISNULL({extendido.extendocumento})= TRUE AND "_s;
     const auto record = [](const Value& document, double number) {
         return Record{{u"extendido.extendocumento"_s, document},
                       {u"FacturaTabla.FACTURANumero"_s, number},
@@ -114,11 +123,14 @@ void documentRows()
     row("65 And binds before Or", warranty + plain, record(text(u"FACT"_s), 9), kYes);
     row("65 another document", warranty + plain, record(text(u"X"_s), 0), kNo);
     row("65 a null document ends it", warranty + plain, record({}, 0), kNone);
-    const QString order = u"{extendido.extendocumento} ='PEDI' AND {PEDIDOSTabla.PEDIDOSNumero} in 0 to 0 AND "
-                          "{PEDIDOSTabla.PEDIDOSCanal} = ''"_s;
+    const QString order =
+        u"{extendido.extendocumento} ='PEDI' AND {PEDIDOSTabla.PEDIDOSNumero} in 0 to 0 AND "
+        "{PEDIDOSTabla.PEDIDOSCanal} = ''"_s;
     row("66 order of the guarantees file", order,
-        {{u"extendido.extendocumento"_s, text(u"PEDI"_s)}, {u"PEDIDOSTabla.PEDIDOSNumero"_s, 0.0},
-         {u"PEDIDOSTabla.PEDIDOSCanal"_s, text(u""_s)}}, kYes);
+        {{u"extendido.extendocumento"_s, text(u"PEDI"_s)},
+         {u"PEDIDOSTabla.PEDIDOSNumero"_s, 0.0},
+         {u"PEDIDOSTabla.PEDIDOSCanal"_s, text(u""_s)}},
+        kYes);
 }
 
 void dateRows()
@@ -131,12 +143,18 @@ void dateRows()
     row("67 last day", invoices, {{issued, text(u"31/03/2024"_s)}}, kYes);
     row("67 the day after", invoices, {{issued, text(u"01/04/2024"_s)}}, kNo);
     row("67 no date", invoices, {{issued, text(u""_s)}}, kNo);
-    row("67 an impossible date", invoices, {{issued, text(u"31/02/2024"_s)}}, u"E13 1:%1"_s.arg(header(u"{FacturaTabla.FACTURAFecha}"_s).size() + 9));
-    const QString warranty = u"{extendido.extendocumento} ='FACT' OR ISNULL({extendido.extendocumento})= TRUE AND "_s;
+    row("67 an impossible date", invoices, {{issued, text(u"31/02/2024"_s)}},
+        u"E13 1:%1"_s.arg(header(u"{FacturaTabla.FACTURAFecha}"_s).size() + 9));
+    const QString warranty =
+        u"{extendido.extendocumento} ='FACT' OR ISNULL({extendido.extendocumento})= TRUE AND "_s;
     row("68 a declaration can't follow And", warranty + invoices, {{issued, text(u"01/03/2024"_s)}},
         u"E10 1:%1"_s.arg(warranty.size() + 1));
 
-    struct Report { const char* name; QString column; };
+    struct Report
+    {
+        const char* name;
+        QString column;
+    };
     const QList<Report> reports{{"69 report 2", u"ALBARANESTabla.ALBARANFecha"_s},
                                 {"69 report 3", u"PEDIDOSTabla.PEDIDOSFecha"_s},
                                 {"69 report 4", u"PresupuestoTabla.PRECOMFecha"_s},
@@ -151,18 +169,19 @@ void dateRows()
             << days << Record{{report.column, text(u"02/01/2024"_s)}} << kNo;
         QTest::addRow("%s, one day", report.name) << u"{%1} in [\"01/03/2024\"]"_s.arg(report.column)
                                                   << Record{{report.column, text(u"01/03/2024"_s)}} << kYes;
-        QTest::addRow("70 %s, reversed", report.name) << u"{%1} in [\"01/03/2024\", ]"_s.arg(report.column)
-                                                      << Record{{report.column, text(u"01/03/2024"_s)}}
-                                                      << u"E10 1:%1"_s.arg(report.column.size() + 22);
+        QTest::addRow("70 %s, reversed", report.name)
+            << u"{%1} in [\"01/03/2024\", ]"_s.arg(report.column)
+            << Record{{report.column, text(u"01/03/2024"_s)}} << u"E10 1:%1"_s.arg(report.column.size() + 22);
     }
 }
 
 void portfolioRows()
 {
     const QString table = u"ACUCARTERATABLA."_s;
-    const QString due = u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime(2024,03,01,00,00,00) to DateTime "
-                        "(2024,03,31,00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '0001' to '9999' AND "
-                        "ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
+    const QString due =
+        u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime(2024,03,01,00,00,00) to DateTime "
+        "(2024,03,31,00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '0001' to '9999' AND "
+        "ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
     const auto entry = [&table](const Value& day, const Value& remittance) {
         return Record{{table + u"ACUCARTERAVENCIMIENTO"_s, day},
                       {table + u"ACUCARTERACODIGO"_s, text(u"0005"_s)},
@@ -173,25 +192,34 @@ void portfolioRows()
     row("71 with a remittance", due, entry(moment(2024, 3, 31, 0), text(u"0001"_s)), kNo);
     const Record remitted{{table + u"ACUCARTERARNUMREMESAS"_s, text(u"0013"_s)},
                           {table + u"ACUCARTERABANCO"_s, text(u""_s)}};
-    row("72 remittance within", u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in 12 to 15 AND "
-                                "{ACUCARTERATABLA.ACUCARTERABANCO}=''"_s, remitted, kYes);
-    row("72 boxes left empty", u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in  to  AND "
-                               "{ACUCARTERATABLA.ACUCARTERABANCO}=''"_s, remitted, u"E10 1:50"_s);
+    row("72 remittance within",
+        u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in 12 to 15 AND "
+        "{ACUCARTERATABLA.ACUCARTERABANCO}=''"_s,
+        remitted, kYes);
+    row("72 boxes left empty",
+        u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in  to  AND "
+        "{ACUCARTERATABLA.ACUCARTERABANCO}=''"_s,
+        remitted, u"E10 1:50"_s);
     const Record receipt{{table + u"ACUCARTERANUMRECIBO"_s, text(u"7"_s)}};
     row("73 receipt within", u"val({ACUCARTERATABLA.ACUCARTERANUMRECIBO}) in 5 to 9"_s, receipt, kYes);
     row("73 chained receipt", u"val({ACUCARTERATABLA.ACUCARTERANUMRECIBO}) in 7 to 7"_s, receipt, kYes);
-    row("74 receipt by date", u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime (2024,03,01) to DateTime "
-                              "(2024,03,31)"_s, {{table + u"ACUCARTERAFECHARECIBO"_s, moment(2024, 3, 15, 0)}}, kYes);
-    row("75 remittance by bank", u"{ACUCARTERATABLA.ACUCARTERABANCO} in '0001' to '0001' AND {REMESAS.REMESAFECHA} "
-                                 "in DateTime (2024,03,01) to DateTime (2024,03,31)"_s,
-        {{table + u"ACUCARTERABANCO"_s, text(u"0001"_s)}, {u"REMESAS.REMESAFECHA"_s, date(2024, 3, 31)}}, kYes);
+    row("74 receipt by date",
+        u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime (2024,03,01) to DateTime "
+        "(2024,03,31)"_s,
+        {{table + u"ACUCARTERAFECHARECIBO"_s, moment(2024, 3, 15, 0)}}, kYes);
+    row("75 remittance by bank",
+        u"{ACUCARTERATABLA.ACUCARTERABANCO} in '0001' to '0001' AND {REMESAS.REMESAFECHA} "
+        "in DateTime (2024,03,01) to DateTime (2024,03,31)"_s,
+        {{table + u"ACUCARTERABANCO"_s, text(u"0001"_s)}, {u"REMESAS.REMESAFECHA"_s, date(2024, 3, 31)}},
+        kYes);
 }
 
 void commissionRows()
 {
-    const QString formula = header(u"{FacturaTabla.FACTURAFecha}"_s)
-        + u"fecha:= Date(Any,Mes ,Dia);fecha in Date(2024 , 03 , 01) to Date(2024 , 03 , 31)And "
-          "{COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and val({facturatabla.facturanumrepre}) in %1 to %2"_s;
+    const QString formula =
+        header(u"{FacturaTabla.FACTURAFecha}"_s) +
+        u"fecha:= Date(Any,Mes ,Dia);fecha in Date(2024 , 03 , 01) to Date(2024 , 03 , 31)And "
+        "{COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and val({facturatabla.facturanumrepre}) in %1 to %2"_s;
     const Record record{{u"FacturaTabla.FACTURAFecha"_s, text(u"15/03/2024"_s)},
                         {u"COMISIONESTAB.COMISIONESDOCUMENTO"_s, text(u"FACT"_s)},
                         {u"facturatabla.facturanumrepre"_s, text(u"0007"_s)}};
@@ -215,11 +243,12 @@ void accountingRows()
     row("77 an account, option 1", balances.arg(QString()), balance(u"430"_s, u"Total"_s), kYes);
     row("77 the heading", totals, balance(u""_s, u"DEBE"_s), kNo);
 
-    const QString dates = header(u"{lineaapunte.fechaasiento}"_s) + u"fecha:= Date (Any,Mes ,Dia);fecha in "_s;
-    const QString entries = dates
-        + u"DateTime (2024 , 01 , 01,00, 00, 00) to DateTime (2024 , 12 , 31,00, 00, 00) AND "
-          "{lineaapunte.numeroasiento}>='000001' and {lineaapunte.numeroasiento}<='000099' AND "
-          "{lineaapunte.cuentaasiento}={cta.numcuenta}"_s;
+    const QString dates =
+        header(u"{lineaapunte.fechaasiento}"_s) + u"fecha:= Date (Any,Mes ,Dia);fecha in "_s;
+    const QString entries =
+        dates + u"DateTime (2024 , 01 , 01,00, 00, 00) to DateTime (2024 , 12 , 31,00, 00, 00) AND "
+                "{lineaapunte.numeroasiento}>='000001' and {lineaapunte.numeroasiento}<='000099' AND "
+                "{lineaapunte.cuentaasiento}={cta.numcuenta}"_s;
     const Record entry{{u"lineaapunte.fechaasiento"_s, text(u"15/06/2024"_s)},
                        {u"lineaapunte.numeroasiento"_s, text(u"000050"_s)},
                        {u"lineaapunte.cuentaasiento"_s, text(u"430000012"_s)},
@@ -229,7 +258,8 @@ void accountingRows()
     row("78 without parameters", without, entry, u"E10 1:%1"_s.arg(dates.size() + 12));
 
     const QString account = u"mid({lineaapunte.cuentaasiento},1,4) in '4300'"_s;
-    row("79 an account of the group", account, {{u"lineaapunte.cuentaasiento"_s, text(u"430000012"_s)}}, kYes);
+    row("79 an account of the group", account, {{u"lineaapunte.cuentaasiento"_s, text(u"430000012"_s)}},
+        kYes);
     row("79 another account", account, {{u"lineaapunte.cuentaasiento"_s, text(u"570000001"_s)}}, kNo);
 }
 
@@ -244,8 +274,10 @@ void lookupRows()
     row("80 in force", ticks, concept_(u""_s), kYes);
     row("80 in force, the date's mask left", ticks, concept_(u"  /  /"_s), kYes);
     row("80 ended", ticks, concept_(u"01/02/2024"_s), kNo);
-    row("80 no ticks", u"{clientescyctabla.clientescycarticulo} in [] and {clientescyctabla.clientescycfecbaja} in "
-                       "[\"\", \"  /  /\"]"_s, concept_(u""_s), kNo);
+    row("80 no ticks",
+        u"{clientescyctabla.clientescycarticulo} in [] and {clientescyctabla.clientescycfecbaja} in "
+        "[\"\", \"  /  /\"]"_s,
+        concept_(u""_s), kNo);
 }
 
 Type typeOf(const Value& value)

@@ -46,7 +46,8 @@ private Q_SLOTS:
     void csvHoldsOneLineForEachRecord();
 
 private:
-    /// Pages of a report over table T (fields G, N#, MEMO): 30 rows in groups of 10, on pages whose body is 100 mm.
+    /// Pages of a report over table T (fields G, N#, MEMO): 30 rows in groups of 10, on pages whose body is
+    /// 100 mm.
     QStringList pages(const QString& elements, int rows = 30);
 
     QTemporaryDir m_folder;
@@ -66,20 +67,23 @@ void PagesTest::initTestCase()
 
 QStringList PagesTest::pages(const QString& elements, int rows)
 {
-    const QString xml = u"<informe version=\"1\" nombre=\"P\"><pagina papel=\"100 x 130\" margenes=\"10 5 10 5\"/>"
-                        "<estilo id=\"n\" letra=\"DejaVu Sans\" cuerpo=\"8\"/>"
-                        "<tabla n=\"0\" alias=\"T\" fichero=\"T.MDB\"/>"
-                        "<seleccion><![CDATA[{T.N} <= %1]]></seleccion>"
-                        "<seccion tipo=\"pie-pagina\" alto=\"10\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"5\" "
-                        "expr=\"'p' &amp; ToText(PageNumber,0) &amp; '/' &amp; ToText(TotalPageCount,0)\"/></seccion>"
-                        "%2</informe>"_s.arg(rows).arg(elements);
+    const QString xml =
+        u"<informe version=\"1\" nombre=\"P\"><pagina papel=\"100 x 130\" margenes=\"10 5 10 5\"/>"
+        "<estilo id=\"n\" letra=\"DejaVu Sans\" cuerpo=\"8\"/>"
+        "<tabla n=\"0\" alias=\"T\" fichero=\"T.MDB\"/>"
+        "<seleccion><![CDATA[{T.N} <= %1]]></seleccion>"
+        "<seccion tipo=\"pie-pagina\" alto=\"10\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"5\" "
+        "expr=\"'p' &amp; ToText(PageNumber,0) &amp; '/' &amp; ToText(TotalPageCount,0)\"/></seccion>"
+        "%2</informe>"_s.arg(rows)
+            .arg(elements);
     const ReadReport read = readReport(xml.toUtf8());
     if (!read.report)
         qFatal("%s", qPrintable(read.faults.front().text));
     m_document = std::make_unique<Document>(std::make_unique<Report>(*read.report), m_folder.path(),
                                             QDateTime(QDate(2024, 3, 5), QTime(10, 0)));
-    m_document->start({m_folder.filePath(u"T.MDB"_s)},
-                      std::vector<TablePaths>(read.report->subreports.size(), {m_folder.filePath(u"T.MDB"_s)}));
+    m_document->start(
+        {m_folder.filePath(u"T.MDB"_s)},
+        std::vector<TablePaths>(read.report->subreports.size(), {m_folder.filePath(u"T.MDB"_s)}));
     m_document->makeAllPages();
     QStringList texts;
     for (int page = 0; page < m_document->pageCount(); ++page)
@@ -92,7 +96,9 @@ namespace {
 QString section(const QString& attributes, const QString& expression, double height = 10)
 {
     return u"<seccion %1 alto=\"%2\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"5\" estilo=\"n\" expr=\"%3\"/></seccion>"_s
-        .arg(attributes).arg(height).arg(expression);
+        .arg(attributes)
+        .arg(height)
+        .arg(expression);
 }
 
 QString detail(const QString& expression = u"ToText({T.N},0)"_s)
@@ -127,8 +133,9 @@ void PagesTest::groupHeaderNeedsRoomForItsFirstDetail()
 
 void PagesTest::wholeGroupMovesWhereItFits()
 {
-    const QString small = u"<seccion tipo=\"detalle\" alto=\"6\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"5\" "
-                          "estilo=\"n\" expr=\"ToText({T.N},0)\"/></seccion>"_s;
+    const QString small =
+        u"<seccion tipo=\"detalle\" alto=\"6\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"5\" "
+        "estilo=\"n\" expr=\"ToText({T.N},0)\"/></seccion>"_s;
     const QString header = section(u"tipo=\"cabecera-grupo\" grupo=\"1\""_s, u"{T.G}"_s, 8);
     QCOMPARE(pages(kGroup.arg(u"junto=\"todo\""_s) + header + small, 15),
              (QStringList{u"g1 1 2 3 4 5 6 7 8 9 10 p1/2"_s, u"g2 11 12 13 14 15 p2/2"_s}));
@@ -167,7 +174,8 @@ void PagesTest::repeatedHeaderComesOnEachPage()
 
 void PagesTest::footerShowsTheValuesOfItsOwnGroup()
 {
-    const QString footer = section(u"tipo=\"pie-grupo\" grupo=\"1\""_s, u"{T.G} &amp; '=' &amp; ToText(Sum({T.N},{T.G}),0)"_s);
+    const QString footer =
+        section(u"tipo=\"pie-grupo\" grupo=\"1\""_s, u"{T.G} &amp; '=' &amp; ToText(Sum({T.N},{T.G}),0)"_s);
     const QStringList texts = pages(kGroup.arg(QString()) + detail() + footer, 20);
     QVERIFY(texts.join(u' ').contains(u"10 g1=55"_s));
     QVERIFY(texts.join(u' ').contains(u"20 g2=155"_s));
@@ -175,10 +183,15 @@ void PagesTest::footerShowsTheValuesOfItsOwnGroup()
 
 void PagesTest::footerStandsAtTheFootOfTheBody()
 {
-    pages(kGroup.arg(QString()) + detail() + section(u"tipo=\"pie-grupo\" grupo=\"1\" al-pie=\"si\""_s, u"'fin'"_s), 3);
+    pages(kGroup.arg(QString()) + detail() +
+              section(u"tipo=\"pie-grupo\" grupo=\"1\" al-pie=\"si\""_s, u"'fin'"_s),
+          3);
     QCOMPARE(m_document->pageCount(), 1);
-    QCOMPARE(pages(kGroup.arg(QString()) + detail()
-                   + section(u"tipo=\"pie-grupo\" grupo=\"1\" al-pie=\"si\""_s, u"'fin'"_s), 11).size(), 3);
+    QCOMPARE(pages(kGroup.arg(QString()) + detail() +
+                       section(u"tipo=\"pie-grupo\" grupo=\"1\" al-pie=\"si\""_s, u"'fin'"_s),
+                   11)
+                 .size(),
+             3);
 }
 
 void PagesTest::suppressedTakesNoRoom()
@@ -189,9 +202,10 @@ void PagesTest::suppressedTakesNoRoom()
 
 void PagesTest::growingTextPushesDownWhatLiesBelow()
 {
-    const QString grows = u"<seccion tipo=\"detalle\" alto=\"10\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
-                          "estilo=\"n\" expr=\"{T.MEMO}\" crece=\"si\"/><texto x=\"0\" y=\"5\" ancho=\"20\" alto=\"4\" "
-                          "estilo=\"n\">debajo</texto></seccion>"_s;
+    const QString grows =
+        u"<seccion tipo=\"detalle\" alto=\"10\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
+        "estilo=\"n\" expr=\"{T.MEMO}\" crece=\"si\"/><texto x=\"0\" y=\"5\" ancho=\"20\" alto=\"4\" "
+        "estilo=\"n\">debajo</texto></seccion>"_s;
     const QStringList texts = pages(grows, 1);
     QVERIFY(texts.size() > 1);
     QVERIFY(m_document->isComplete());
@@ -199,8 +213,9 @@ void PagesTest::growingTextPushesDownWhatLiesBelow()
 
 void PagesTest::longTextIsCutBetweenLines()
 {
-    const QString grows = u"<seccion tipo=\"detalle\" alto=\"5\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
-                          "estilo=\"n\" expr=\"{T.MEMO}\" crece=\"si\"/></seccion>"_s;
+    const QString grows =
+        u"<seccion tipo=\"detalle\" alto=\"5\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
+        "estilo=\"n\" expr=\"{T.MEMO}\" crece=\"si\"/></seccion>"_s;
     const QStringList texts = pages(grows, 2);
     QCOMPARE(texts.size(), 3);
     QVERIFY(texts[0].startsWith(u"linea1 "_s) && texts[0].endsWith(u"linea30 p1/3"_s));
@@ -210,16 +225,18 @@ void PagesTest::longTextIsCutBetweenLines()
 
 void PagesTest::whatCantBeCutIsClippedOnce()
 {
-    const QString box = u"<seccion tipo=\"detalle\" alto=\"250\"><caja x=\"0\" y=\"0\" ancho=\"50\" alto=\"240\"/></seccion>"_s;
+    const QString box =
+        u"<seccion tipo=\"detalle\" alto=\"250\"><caja x=\"0\" y=\"0\" ancho=\"50\" alto=\"240\"/></seccion>"_s;
     QCOMPARE(pages(box, 1).size(), 3);
 }
 
 void PagesTest::groupCountsItsOwnPages()
 {
-    const QString header = section(u"tipo=\"cabecera-grupo\" grupo=\"1\" repetir=\"si\""_s,
-                                   u"'Hoja ' &amp; ToText(GroupPageNumber,0) &amp; ' de ' &amp; ToText(GroupPageCount,0)"_s,
-                                   50);
-    const QStringList texts = pages(kGroup.arg(u"pagina-nueva=\"antes\" reinicia-hoja=\"si\""_s) + header + detail(), 20);
+    const QString header =
+        section(u"tipo=\"cabecera-grupo\" grupo=\"1\" repetir=\"si\""_s,
+                u"'Hoja ' &amp; ToText(GroupPageNumber,0) &amp; ' de ' &amp; ToText(GroupPageCount,0)"_s, 50);
+    const QStringList texts =
+        pages(kGroup.arg(u"pagina-nueva=\"antes\" reinicia-hoja=\"si\""_s) + header + detail(), 20);
     QCOMPARE(texts.size(), 4);
     QVERIFY(texts[0].startsWith(u"Hoja 1 de 2"_s));
     QVERIFY(texts[1].startsWith(u"Hoja 2 de 2"_s));
@@ -229,7 +246,8 @@ void PagesTest::groupCountsItsOwnPages()
 
 void PagesTest::withoutRecordsTheNoDataSectionComes()
 {
-    QCOMPARE(pages(detail() + section(u"tipo=\"sin-datos\""_s, u"'Nada.'"_s), 0), QStringList{u"Nada. p1/1"_s});
+    QCOMPARE(pages(detail() + section(u"tipo=\"sin-datos\""_s, u"'Nada.'"_s), 0),
+             QStringList{u"Nada. p1/1"_s});
 }
 
 void PagesTest::withoutThatSectionTheEngineSaysIt()
@@ -239,8 +257,9 @@ void PagesTest::withoutThatSectionTheEngineSaysIt()
 
 void PagesTest::repeatedValueIsLeftBlank()
 {
-    const QString once = u"<seccion tipo=\"detalle\" alto=\"4\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" estilo=\"n\" "
-                         "expr=\"{T.G}\" repetidos=\"no\"/></seccion>"_s;
+    const QString once =
+        u"<seccion tipo=\"detalle\" alto=\"4\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" estilo=\"n\" "
+        "expr=\"{T.G}\" repetidos=\"no\"/></seccion>"_s;
     QCOMPARE(pages(once, 12), QStringList{u"g1 g2 p1/1"_s});
 }
 
@@ -254,12 +273,14 @@ void PagesTest::variableCountsInPrintOrderOnly()
 
 void PagesTest::subreportPrintsItsOwnRecords()
 {
-    const QString inner = u"<definicion nombre=\"S\"><tabla n=\"0\" alias=\"U\" fichero=\"@0\" nombre=\"T\"/>"
-                          "<vinculo campo=\"{U.G}\" con=\"{T.G}\"/><seccion tipo=\"detalle\" alto=\"3\">"
-                          "<campo x=\"0\" y=\"0\" ancho=\"20\" alto=\"3\" estilo=\"n\" expr=\"'s' &amp; ToText({U.N},0)\"/>"
-                          "</seccion></definicion>"_s;
-    const QString header = u"<seccion tipo=\"cabecera-grupo\" grupo=\"1\" alto=\"0\"><subinforme nombre=\"S\" x=\"5\" "
-                           "y=\"0\" ancho=\"50\"/></seccion>"_s;
+    const QString inner =
+        u"<definicion nombre=\"S\"><tabla n=\"0\" alias=\"U\" fichero=\"@0\" nombre=\"T\"/>"
+        "<vinculo campo=\"{U.G}\" con=\"{T.G}\"/><seccion tipo=\"detalle\" alto=\"3\">"
+        "<campo x=\"0\" y=\"0\" ancho=\"20\" alto=\"3\" estilo=\"n\" expr=\"'s' &amp; ToText({U.N},0)\"/>"
+        "</seccion></definicion>"_s;
+    const QString header =
+        u"<seccion tipo=\"cabecera-grupo\" grupo=\"1\" alto=\"0\"><subinforme nombre=\"S\" x=\"5\" "
+        "y=\"0\" ancho=\"50\"/></seccion>"_s;
     const QStringList texts = pages(kGroup.arg(QString()) + header + detail() + inner, 11);
     QVERIFY(texts[0].startsWith(u"s1 s2 s3 s4 s5 s6 s7 s8 s9 s10 1 2"_s));
 }
@@ -302,14 +323,17 @@ void PagesTest::pdfHoldsPagesAndText()
 
 void PagesTest::csvHoldsOneLineForEachRecord()
 {
-    pages(kGroup.arg(QString()) + u"<seccion tipo=\"detalle\" alto=\"4\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
-                                  "expr=\"{T.N} / 2\"/><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
-                                  "expr=\"'a;b'\"/></seccion>"_s, 2);
+    pages(kGroup.arg(QString()) +
+              u"<seccion tipo=\"detalle\" alto=\"4\"><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
+              "expr=\"{T.N} / 2\"/><campo x=\"0\" y=\"0\" ancho=\"60\" alto=\"4\" "
+              "expr=\"'a;b'\"/></seccion>"_s,
+          2);
     const QString name = m_folder.filePath(u"salida.csv"_s);
     QVERIFY(writeCsv(*m_document, name));
     QFile file(name);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("\xef\xbb\xbfG;{T.N} / 2;\"'a;b'\"\r\ng1;0,5;\"a;b\"\r\ng1;1;\"a;b\"\r\n"));
+    QCOMPARE(file.readAll(),
+             QByteArray("\xef\xbb\xbfG;{T.N} / 2;\"'a;b'\"\r\ng1;0,5;\"a;b\"\r\ng1;1;\"a;b\"\r\n"));
 }
 
 QTEST_MAIN(PagesTest)
