@@ -3,7 +3,6 @@
 // and refresh never are.
 #include "platform/print/output/pageview.h"
 #include "platform/print/output/preview.h"
-#include "platform/window/icons.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -76,9 +75,10 @@ void PreviewWindow::buildTools(const PreviewRequest& request)
         m_cancel = tool(themed(this, u"process-stop"_s, QStyle::SP_BrowserStop), u"Cancelar"_s, u"cancelar"_s,
                         &PreviewWindow::cancelRun);
     if (request.print)
-        tool(icon(Icon::Print), u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
+        tool(QIcon::fromTheme(u"document-print"_s), u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
     if (request.printSetup)
-        tool(icon(Icon::Printer), u"Configurar impresora"_s, u"configurar"_s, &PreviewWindow::choosePrinter);
+        tool(QIcon::fromTheme(u"printer"_s), u"Configurar impresora"_s, u"configurar"_s,
+             &PreviewWindow::choosePrinter);
     if (request.exports)
         tool(themed(this, u"document-save-as"_s, QStyle::SP_DialogSaveButton), u"Exportar"_s, u"exportar"_s,
              &PreviewWindow::chooseExport);
