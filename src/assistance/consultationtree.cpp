@@ -3,8 +3,8 @@
 
 #include "ui_consultas.h"
 
-#include "assistance/rowwalk.h"
 #include "platform/core/regime.h"
+#include "platform/dao/rowwalk.h"
 #include "platform/system/clock.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/icons.h"

@@ -3,10 +3,10 @@
 
 #include "ui_climant.h"
 
-#include "assistance/rowwalk.h"
 #include "clients/elplan.h"
 #include "clients/linetables.h"
 #include "platform/core/regime.h"
+#include "platform/dao/rowwalk.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/combolist.h"
 #include "platform/window/focusrules.h"

@@ -3,10 +3,10 @@
 
 #include "ui_climant.h"
 
-#include "assistance/rowwalk.h"
 #include "clients/linetables.h"
 #include "lookup/lisem.h"
 #include "platform/core/regime.h"
+#include "platform/dao/rowwalk.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/formhelpers.h"
 #include "shell/globalsat.h"

@@ -3,6 +3,7 @@
 // The company and the exercise of the run, and the bring-up of its stores.
 
 #include "platform/core/regime.h"
+#include "platform/dao/rowwalk.h"
 #include "platform/system/paths.h"
 #include "platform/text/textfunctions.h"
 #include "shell/globalsat.h"
@@ -68,16 +69,7 @@ void STMAIN::DEUNAEMPRESA()
 
 void STMAIN::fillCompanies()
 {
-    // A test that fails lets the body run; the move at its end fails too then and ends the loop.
-    bool moved = true;
-    while (moved && holds([] { return !RSEMPRESAS.EOF_(); })) {
-        attempt([&] { m_companies->addItem(companyEntry()); });
-        moved = false;
-        attempt([&] {
-            RSEMPRESAS.MoveNext();
-            moved = true;
-        });
-    }
+    walkToEnd(RSEMPRESAS, [&] { attempt([&] { m_companies->addItem(companyEntry()); }); });
 }
 
 void STMAIN::selectCompany()

@@ -2,6 +2,7 @@
 #include "stores/bdcliente.h"
 
 #include "platform/core/regime.h"
+#include "platform/dao/rowwalk.h"
 #include "shell/globalsat.h"
 #include "stores/clientesschema.h"
 #include "stores/creation.h"
@@ -114,9 +115,7 @@ void numberLines()
                                         "clientescyctabla.clientescyccliente"_s,
                                         platform::dao::dbOpenDynaset);
     });
-    // A test that fails lets the body run; the move at its end fails too then and ends the loop.
-    bool moved = true;
-    while (moved && holds([&] { return !rows.EOF_(); })) {
+    walkToEnd(rows, [&] {
         attempt([&] { rows.Edit(); });
         if (holds([&] { return isSameText(rows[1].Value(), previous); }))
             line += 1;
@@ -125,12 +124,7 @@ void numberLines()
         attempt([&] { previous = rows[1].Value(); });
         attempt([&] { rows[u"clientescylineas"].setValue(line); });
         attempt([&] { rows.Update(); });
-        moved = false;
-        attempt([&] {
-            rows.MoveNext();
-            moved = true;
-        });
-    }
+    });
 }
 
 void rebuildLineIndex()
