@@ -110,6 +110,18 @@ void LISTA::onLoad()
     attempt([&] { fillMonths(); });
 }
 
+void LISTA::onFirstShown()
+{
+    // The first parameter that the report takes, so that its value can be typed at once.
+    const std::array<QWidget*, 3> firstControls{ui->Text1, ui->Combo2, ui->Combo1};
+    for (QWidget* control : firstControls) {
+        if (control->isVisible()) {
+            control->setFocus();
+            return;
+        }
+    }
+}
+
 void LISTA::showParameters()
 {
     const ReportRow* row = reportRow(NUMINFORME);

@@ -56,6 +56,7 @@ public:
 
 protected:
     void onLoad() override;
+    void onFirstShown() override;
     void onUnload() override;
 
 private:

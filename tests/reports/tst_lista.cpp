@@ -59,6 +59,7 @@ private Q_SLOTS:
     void datesStartToday();
     void copiesOfferOneToTwenty();
     void report888StartsOnThePresentMonth();
+    void focusStartsOnTheFirstParameter();
     void report6AsksForTheBank();
     void report1OffersTheReceipt();
 
@@ -228,6 +229,13 @@ void ListaTest::report888StartsOnThePresentMonth()
     QCOMPARE(months->listCount(), 12);
     QCOMPARE(months->text(), u"11"_s);
     QVERIFY(control<QWidget>(*window, "Label11")->isVisible());
+}
+
+void ListaTest::focusStartsOnTheFirstParameter()
+{
+    QVERIFY(control<QWidget>(*shown(725), "Text1")->hasFocus());
+    QVERIFY(control<QWidget>(*shown(888), "Combo2")->hasFocus());
+    QVERIFY(control<QWidget>(*shown(8888), "Combo1")->hasFocus());
 }
 
 void ListaTest::report6AsksForTheBank()
