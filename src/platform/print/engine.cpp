@@ -3,6 +3,8 @@
 
 #include "platform/system/clock.h"
 
+#include <QCoreApplication>
+
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -17,7 +19,12 @@ Engine& Engine::instance()
 
 void Engine::open()
 {
-    m_open = true;
+    // Windows and printers must go before the application does, even where nobody closes the engine.
+    static const bool closesAtTheEnd = [] {
+        qAddPostRoutine([] { Engine::instance().close(); });
+        return true;
+    }();
+    m_open = closesAtTheEnd;
     m_code = kNoError;
     m_text.clear();
 }
