@@ -39,6 +39,9 @@ private Q_SLOTS:
     void gridsTellHowALineIsDeleted();
     void tabWalksTheFieldsInTheirOrder();
     void sideBarHasItsFourItems();
+    void codeIsReadTrimmed();
+    void emptyingEmptiesEveryField();
+    void deleteAndListAskForNoReport();
     void secondSaveOverwritesTheFirst();
     void saveOfAnotherStationStandsInTheColumnsWithoutAField();
     void handingTheAccountOverTouchesNoStore();
@@ -166,6 +169,42 @@ void ClientEdgesTest::sideBarHasItsFourItems()
 
     QCOMPARE(bar->keys(), QStringList({u"NUEVA"_s, u"GRABAR"_s, u"CORREO"_s, u"SALIR"_s}));
     QCOMPARE(captions, QStringList({u"&Nuevo"_s, u"&Grabar"_s, u"Correo"_s, u"&Salir"_s}));
+}
+
+void ClientEdgesTest::codeIsReadTrimmed()
+{
+    f->addClient(u"A1"_s, u"UNO"_s);
+    f->box(u"Text49"_s)->setText(u" A1 "_s);
+
+    f->window().LeerClientes();
+
+    QCOMPARE(f->text(u"Text49"_s), u"A1"_s);
+    QCOMPARE(f->text(u"Text51"_s), u"UNO"_s);
+}
+
+void ClientEdgesTest::emptyingEmptiesEveryField()
+{
+    for (const QString& name : kFields)
+        f->box(name)->setText(u"9"_s);
+    f->type(u"Text60"_s, u"nota"_s);
+
+    f->window().limpiaclientes();
+
+    for (const QString& name : kFields)
+        QCOMPARE(f->text(name), QString());
+    QCOMPARE(f->text(u"Text60"_s), QString());
+}
+
+void ClientEdgesTest::deleteAndListAskForNoReport()
+{
+    for (QString* variable : {&TITULOINFORME, &FICHEROINFORME, &BASEINFORME})
+        *variable = u"before"_s;
+
+    f->click(u"Command3"_s);
+    f->click(u"Command4"_s);
+
+    for (const QString& variable : {TITULOINFORME, FICHEROINFORME, BASEINFORME})
+        QCOMPARE(variable, u"before"_s);
 }
 
 void ClientEdgesTest::secondSaveOverwritesTheFirst()
