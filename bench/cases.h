@@ -18,8 +18,8 @@ namespace bench {
 [[nodiscard]] Case openLookupCase();
 [[nodiscard]] Case typedSearchCase();
 
-/// 99th percentiles in milliseconds: a letter typed to the moved and painted selection among 100,000 clients, and a
-/// bare view that moves its selection and repaints.
+/// 99th percentiles in milliseconds: a letter typed to the moved and painted selection among 100,000 clients,
+/// and a bare view that moves its selection and repaints.
 struct KeyTimes
 {
     double ours;

@@ -23,9 +23,10 @@ namespace bench {
 
 namespace {
 
-constexpr std::array kWords{u"Ferretería",  u"Álvarez",   u"Núñez",    u"Climatización", u"Hermanos", u"Llorens",
-                            u"Chacón",      u"Talleres",  u"del Norte", u"Comunidad",     u"Hotel",    u"Panadería",
-                            u"Suministros", u"Ibáñez",    u"Güell",     u"y Cía.",        u"Mar",      u"Sierra"};
+constexpr std::array kWords{u"Ferretería", u"Álvarez",   u"Núñez",       u"Climatización", u"Hermanos",
+                            u"Llorens",    u"Chacón",    u"Talleres",    u"del Norte",     u"Comunidad",
+                            u"Hotel",      u"Panadería", u"Suministros", u"Ibáñez",        u"Güell",
+                            u"y Cía.",     u"Mar",       u"Sierra"};
 
 QString words(int seed, int count)
 {
@@ -91,7 +92,8 @@ void fill(storage::Table& table)
             const QHash<QString, Value> known = keyValues(number);
             storage::Row row;
             for (const storage::Column& column : definition.columns)
-                row.push_back(known.contains(column.name) ? known.value(column.name) : fillValue(column, number));
+                row.push_back(known.contains(column.name) ? known.value(column.name)
+                                                          : fillValue(column, number));
             rows.push_back(std::move(row));
         }
         table.insertMany(rows);
@@ -108,8 +110,8 @@ void fillFullClient(storage::Table& table, int count)
     std::vector<storage::Row> rows;
     for (int line = 0; line < count; ++line) {
         QHash<QString, Value> known = keyValues(kRows + line);
-        for (const char* owner : {"CliCodigo", "CLIENVICODIGO", "CLIBANCOSCODIGO", "clientescyccliente", "CLICONSULTA",
-                                  "TELECODIGO"})
+        for (const char* owner : {"CliCodigo", "CLIENVICODIGO", "CLIBANCOSCODIGO", "clientescyccliente",
+                                  "CLICONSULTA", "TELECODIGO"})
             known[QString::fromLatin1(owner)] = fullClientCode();
         storage::Row row;
         for (const storage::Column& column : definition.columns)
@@ -150,7 +152,8 @@ void fillStores()
     CREARCONSULTAS();
     CREARTELEFONOS();
     for (const stores::StoreSchema& store : stores::kAllStores) {
-        const auto connection = storage::sqliteEngine()->open(storePath(store.file), storage::Sharing::Shared);
+        const auto connection =
+            storage::sqliteEngine()->open(storePath(store.file), storage::Sharing::Shared);
         for (const storage::TableDefinition& table : connection->tables())
             fill(*connection->openTable(table.name));
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A data root whose six stores hold 100,000 rows a table, made by the program's own store procedures and filled
-// through the storage seam.
+// A data root whose six stores hold 100,000 rows a table, made by the program's own store procedures and
+// filled through the storage seam.
 
 #include <QString>
 

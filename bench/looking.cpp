@@ -42,8 +42,7 @@ class ArrayModel final : public QAbstractTableModel
 public:
     explicit ArrayModel(Columns columns)
         : m_columns(std::move(columns))
-    {
-    }
+    {}
     [[nodiscard]] int rowCount(const QModelIndex& = {}) const override
     {
         return static_cast<int>(m_columns.front().size());
@@ -125,8 +124,8 @@ double percentile99(std::vector<double> values)
 Case openLookupCase()
 {
     const auto raw = std::make_shared<RawStore>(storePath(u"Clientes.mdb"));
-    sqlite3_stmt* statement = raw->prepare(
-        "SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
+    sqlite3_stmt* statement =
+        raw->prepare("SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
     Case what{u"Lookup, click to painted list"_s, u"100,000 clients"_s, 1.5, 1, {}, {}};
     what.ours = [] { openedLookup()->unload(); };
     what.floor = [raw, statement] { paintBareView(readAll(*raw, statement)); };
@@ -137,8 +136,9 @@ Case typedSearchCase()
 {
     const auto raw = std::make_shared<RawStore>(storePath(u"Clientes.mdb"));
     platform::storage::sqlite::registerFunctions(raw->handle());
-    sqlite3_stmt* statement = raw->prepare("SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla WHERE "
-                                           "store_like(CliNombre, '*Chac*') ORDER BY CliNombre");
+    sqlite3_stmt* statement =
+        raw->prepare("SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla WHERE "
+                     "store_like(CliNombre, '*Chac*') ORDER BY CliNombre");
     const std::shared_ptr<LISEM> window = openedLookup();
     Case what{u"Lookup, typed search to painted result"_s, u"100,000 clients"_s, 1.5, 1, {}, {}};
     what.ours = [window] {
@@ -173,8 +173,8 @@ KeyTimes lookupKeyTimes()
     window->unload();
 
     const RawStore raw(storePath(u"Clientes.mdb"));
-    sqlite3_stmt* statement = raw.prepare(
-        "SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
+    sqlite3_stmt* statement =
+        raw.prepare("SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
     ArrayModel model(readAll(raw, statement));
     sqlite3_finalize(statement);
     QTableView view;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// orvane-bench [FOLDER [CASE]]: measures the data layer beside its raw floor and prints the table of README.md. It
-// needs some 400 MB of disk in FOLDER (a temporary folder unless named; one that a run has filled is used again) and
-// a minute or two. CASE is one of seek, walk, list, save, start, show, lookup,
+// orvane-bench [FOLDER [CASE]]: measures the data layer beside its raw floor and prints the table of
+// README.md. It needs some 400 MB of disk in FOLDER (a temporary folder unless named; one that a run has
+// filled is used again) and a minute or two. CASE is one of seek, walk, list, save, start, show, lookup,
 // search, key.
 
 #include "cases.h"
@@ -27,11 +27,10 @@ struct NamedCase
 };
 
 constexpr NamedCase kCases[] = {
-    {"seek", bench::seekCase, kRounds},     {"walk", bench::walkCase, kRounds},   {"list", bench::listCase, kRounds},
-    {"save", bench::saveCase, kSaveRounds}, {"start", bench::startCase, kRounds},
-    {"show", bench::showCase, kRounds},
-    {"lookup", bench::openLookupCase, kRounds},
-    {"search", bench::typedSearchCase, kRounds},
+    {"seek", bench::seekCase, kRounds},         {"walk", bench::walkCase, kRounds},
+    {"list", bench::listCase, kRounds},         {"save", bench::saveCase, kSaveRounds},
+    {"start", bench::startCase, kRounds},       {"show", bench::showCase, kRounds},
+    {"lookup", bench::openLookupCase, kRounds}, {"search", bench::typedSearchCase, kRounds},
 };
 
 } // namespace
@@ -58,7 +57,8 @@ int main(int argc, char* argv[])
     bench::print(results);
     if (measuresKeys) {
         const bench::KeyTimes keys = bench::lookupKeyTimes();
-        std::printf("\nA letter typed in the lookup, 99th percentile: %.2f ms (aim 4); a bare view's move and repaint: "
+        std::printf("\nA letter typed in the lookup, 99th percentile: %.2f ms (aim 4); a bare view's move "
+                    "and repaint: "
                     "%.2f ms\n",
                     keys.ours, keys.bareView);
     }

@@ -47,8 +47,9 @@ void print(const std::vector<Result>& results)
     QTextStream out(stdout);
     out << "| case | one operation | ours, µs | raw floor, µs | ratio | aim |\n|---|---|---|---|---|---|\n";
     for (const Result& result : results) {
-        out << "| " << result.name << " | " << result.unit << " | " << QString::number(result.ours, 'f', 1) << " | "
-            << QString::number(result.floor, 'f', 1) << " | " << QString::number(result.ratio(), 'f', 2) << " | "
+        out << "| " << result.name << " | " << result.unit << " | " << QString::number(result.ours, 'f', 1)
+            << " | " << QString::number(result.floor, 'f', 1) << " | "
+            << QString::number(result.ratio(), 'f', 2) << " | "
             << (result.atMost > 0 ? QStringLiteral("≤ %1").arg(result.atMost) : QString()) << " |\n";
     }
 }

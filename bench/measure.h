@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Times a thing beside its raw floor in the same run and gives the ratio of the two. The two take turns, so that
-// a machine that changes its speed changes it for both; the median of the rounds counts.
+// Times a thing beside its raw floor in the same run and gives the ratio of the two. The two take turns, so
+// that a machine that changes its speed changes it for both; the median of the rounds counts.
 
 #include <QString>
 
@@ -14,10 +14,10 @@ namespace bench {
 struct Result
 {
     QString name;
-    QString unit;       ///< what one operation is
-    double ours = 0;    ///< microseconds an operation
-    double floor = 0;   ///< the same for the raw floor
-    double atMost = 0;  ///< largest ratio aimed at; 0: none
+    QString unit;      ///< what one operation is
+    double ours = 0;   ///< microseconds an operation
+    double floor = 0;  ///< the same for the raw floor
+    double atMost = 0; ///< largest ratio aimed at; 0: none
 
     [[nodiscard]] double ratio() const { return ours / floor; }
 };

@@ -29,7 +29,8 @@ RawStore::RawStore(const QString& path)
                             nullptr),
             SQLITE_OK, "sqlite3_open_v2");
     require(platform::storage::sqlite::registerCollation(m_handle), SQLITE_OK, "registerCollation");
-    for (const char* pragma : {"PRAGMA synchronous = EXTRA", "PRAGMA mmap_size = 0", "PRAGMA temp_store = MEMORY"})
+    for (const char* pragma :
+         {"PRAGMA synchronous = EXTRA", "PRAGMA mmap_size = 0", "PRAGMA temp_store = MEMORY"})
         execute(pragma);
 }
 
@@ -41,7 +42,8 @@ RawStore::~RawStore()
 sqlite3_stmt* RawStore::prepare(const char* sql) const
 {
     sqlite3_stmt* statement = nullptr;
-    require(sqlite3_prepare_v3(m_handle, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr), SQLITE_OK, sql);
+    require(sqlite3_prepare_v3(m_handle, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr), SQLITE_OK,
+            sql);
     return statement;
 }
 

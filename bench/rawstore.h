@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The raw floor: a store's file through SQLite's C interface, with the locking, the durability and the collation
-// of a store, and nothing else.
+// The raw floor: a store's file through SQLite's C interface, with the locking, the durability and the
+// collation of a store, and nothing else.
 
 #include "platform/storage/sqlite/gate.h"
 #include "platform/storage/sqlite/handle.h"

@@ -36,8 +36,9 @@ Case seekCase()
         RSCLIENTES.setIndex(u"CliCodigoIndice"_s);
         for (int i = 0; i < kSeeks; ++i) {
             RSCLIENTES.Seek(u"=", clientCode(scattered(i)));
-            keep(asText(RSCLIENTES[u"CliNombre"].Value()).size() + asText(RSCLIENTES[u"CliCif"].Value()).size()
-                 + asText(RSCLIENTES[u"CliCodPostalLocali"].Value()).size());
+            keep(asText(RSCLIENTES[u"CliNombre"].Value()).size() +
+                 asText(RSCLIENTES[u"CliCif"].Value()).size() +
+                 asText(RSCLIENTES[u"CliCodPostalLocali"].Value()).size());
         }
     };
     what.floor = [raw, statement] {
@@ -45,8 +46,8 @@ Case seekCase()
             bindText(statement, 1, clientCode(scattered(i)));
             const GatePass pass = GatePass::forReading(raw->sidecar(), Task::Read);
             if (sqlite3_step(statement) == SQLITE_ROW)
-                keep(textColumn(statement, 0).size() + textColumn(statement, 1).size()
-                     + textColumn(statement, 2).size());
+                keep(textColumn(statement, 0).size() + textColumn(statement, 1).size() +
+                     textColumn(statement, 2).size());
             sqlite3_reset(statement);
         }
     };
@@ -62,14 +63,15 @@ Case walkCase()
     what.ours = [] {
         RSENVIOS.setIndex(u"CLIEVNIOSINDICE"_s);
         for (RSENVIOS.MoveFirst(); !RSENVIOS.EOF_(); RSENVIOS.MoveNext())
-            keep(asText(RSENVIOS[u"CLIENVICODIGO"].Value()).size()
-                 + asText(RSENVIOS[u"CLIENVIDIRECCION"].Value()).size()
-                 + asText(RSENVIOS[u"CLIENVILOCALIDAD"].Value()).size());
+            keep(asText(RSENVIOS[u"CLIENVICODIGO"].Value()).size() +
+                 asText(RSENVIOS[u"CLIENVIDIRECCION"].Value()).size() +
+                 asText(RSENVIOS[u"CLIENVILOCALIDAD"].Value()).size());
     };
     what.floor = [raw, statement] {
         const GatePass pass = GatePass::forReading(raw->sidecar(), Task::Read);
         while (sqlite3_step(statement) == SQLITE_ROW)
-            keep(textColumn(statement, 0).size() + textColumn(statement, 1).size() + textColumn(statement, 2).size());
+            keep(textColumn(statement, 0).size() + textColumn(statement, 1).size() +
+                 textColumn(statement, 2).size());
         sqlite3_reset(statement);
     };
     return what;
@@ -78,14 +80,14 @@ Case walkCase()
 Case listCase()
 {
     const auto raw = std::make_shared<RawStore>(storePath(u"Clientes.mdb"));
-    sqlite3_stmt* statement = raw->prepare(
-        "SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
+    sqlite3_stmt* statement =
+        raw->prepare("SELECT CliCodigo, CliNombre, CliCodPostalLocali FROM ClientesTabla ORDER BY CliNombre");
     Case what{u"Ordered list into memory"_s, u"100,000 clients, three columns"_s, 1.3, 1, {}, {}};
     what.ours = [] {
-        dao::Recordset list = BDCLIENTES.OpenRecordset(
-            u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad FROM CLIENTESTABLA "
-            "ORDER BY CLINOMBRE"_s,
-            dao::dbOpenSnapshot);
+        dao::Recordset list = BDCLIENTES.OpenRecordset(u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, "
+                                                       u"CliCodPostalLocali as Localidad FROM CLIENTESTABLA "
+                                                       "ORDER BY CLINOMBRE"_s,
+                                                       dao::dbOpenSnapshot);
         list.MoveLast();
         list.MoveFirst();
         keep(list.GetRows(list.RecordCount()).rowCount());

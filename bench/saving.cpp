@@ -54,10 +54,12 @@ void typeClient(climant& window)
     field(window, "Text9")->setText(u"43010"_s);
     for (int row = 1; row <= kShippingLines; ++row)
         typeLine(window, "vsFlexGrid1", row,
-                 {u"Calle %1"_s.arg(row), u"28001"_s, u"Madrid "_s + stamp, u"Debidos"_s, u"Transportes"_s, u"0"_s});
+                 {u"Calle %1"_s.arg(row), u"28001"_s, u"Madrid "_s + stamp, u"Debidos"_s, u"Transportes"_s,
+                  u"0"_s});
     for (int row = 1; row <= kBankLines; ++row)
         typeLine(window, "vsFlexGrid2", row,
-                 {u"Banco "_s + stamp, u"0049"_s, u"0001"_s, u"12"_s, u"000000000%1"_s.arg(row), u"57200"_s, u"0"_s});
+                 {u"Banco "_s + stamp, u"0049"_s, u"0001"_s, u"12"_s, u"000000000%1"_s.arg(row), u"57200"_s,
+                  u"0"_s});
     for (int row = 1; row <= kTelephoneLines; ++row)
         typeLine(window, "vsFlexGrid4", row,
                  {u"91000000%1"_s.arg(row), stamp, u"01 Voz"_s, u"Contacto "_s + stamp});
@@ -73,8 +75,7 @@ public:
         , m_update(store.prepare(update))
         , m_begin(store.prepare("BEGIN IMMEDIATE"))
         , m_commit(store.prepare("COMMIT"))
-    {
-    }
+    {}
 
     void write(const QStringList& keys, const QStringList& values)
     {
@@ -117,13 +118,15 @@ struct RawClient
     RawStore telephones{storePath(stores::kTelefonosStore.file)};
     RawRow head{clients, "SELECT rowid FROM ClientesTabla WHERE CliCodigo = ?",
                 "UPDATE ClientesTabla SET CliNombre = ?, CliDireccion = ? WHERE rowid = ?"};
-    RawRow shipping{clients, "SELECT rowid FROM CLIDIRENVIOS WHERE CLIENVICODIGO = ? AND CLIENVIDIRECCION = ?",
+    RawRow shipping{clients,
+                    "SELECT rowid FROM CLIDIRENVIOS WHERE CLIENVICODIGO = ? AND CLIENVIDIRECCION = ?",
                     "UPDATE CLIDIRENVIOS SET CLIENVILOCALIDAD = ? WHERE rowid = ?"};
     RawRow bank{clients, "SELECT rowid FROM CLIBANCOSDISP WHERE CLIBANCOSCODIGO = ? AND CLIBANCOSCUENTA = ?",
                 "UPDATE CLIBANCOSDISP SET CLIBANCOSBANCO = ? WHERE rowid = ?"};
-    RawRow telephone{telephones,
-                     "SELECT rowid FROM TELEFON WHERE TELECODIGOEMPRESA = ? AND TELECODIGO = ? AND TELETELEFONO = ?",
-                     "UPDATE TELEFON SET TELEEXTENSION = ?, TELECONTACTO = ? WHERE rowid = ?"};
+    RawRow telephone{
+        telephones,
+        "SELECT rowid FROM TELEFON WHERE TELECODIGOEMPRESA = ? AND TELECODIGO = ? AND TELETELEFONO = ?",
+        "UPDATE TELEFON SET TELEEXTENSION = ?, TELECONTACTO = ? WHERE rowid = ?"};
 
     void save()
     {
@@ -143,15 +146,17 @@ struct RawClient
     {
         const QByteArray code = clientCode(kRawClient).toUtf8();
         for (int row = 1; row <= kShippingLines; ++row)
-            clients.execute("INSERT OR IGNORE INTO CLIDIRENVIOS (CLIENVICODIGO, CLIENVIDIRECCION) VALUES ('" + code
-                            + "', 'Calle " + QByteArray::number(row) + "')");
+            clients.execute("INSERT OR IGNORE INTO CLIDIRENVIOS (CLIENVICODIGO, CLIENVIDIRECCION) VALUES ('" +
+                            code + "', 'Calle " + QByteArray::number(row) + "')");
         for (int row = 1; row <= kBankLines; ++row)
-            clients.execute("INSERT OR IGNORE INTO CLIBANCOSDISP (CLIBANCOSCODIGO, CLIBANCOSCUENTA) VALUES ('" + code
-                            + "', '000000000" + QByteArray::number(row) + "')");
+            clients.execute(
+                "INSERT OR IGNORE INTO CLIBANCOSDISP (CLIBANCOSCODIGO, CLIBANCOSCUENTA) VALUES ('" + code +
+                "', '000000000" + QByteArray::number(row) + "')");
         for (int row = 1; row <= kTelephoneLines; ++row)
-            telephones.execute("INSERT OR IGNORE INTO TELEFON (TELECODIGOEMPRESA, TELECODIGO, TELETELEFONO) VALUES "
-                               "('00001', '"
-                               + code + "', '91000000" + QByteArray::number(row) + "')");
+            telephones.execute(
+                "INSERT OR IGNORE INTO TELEFON (TELECODIGOEMPRESA, TELECODIGO, TELETELEFONO) VALUES "
+                "('00001', '" +
+                code + "', '91000000" + QByteArray::number(row) + "')");
     }
 };
 

@@ -67,9 +67,12 @@ private:
     RawStore m_assistance{storePath(stores::kConsultasStore.file)};
     RawStore m_telephones{storePath(stores::kTelefonosStore.file)};
     sqlite3_stmt* m_head = m_clients.prepare("SELECT * FROM ClientesTabla WHERE CliCodigo = ?");
-    sqlite3_stmt* m_shipping = m_clients.prepare("SELECT * FROM CLIDIRENVIOS ORDER BY CLIENVICODIGO, CLIENVIDIRECCION");
-    sqlite3_stmt* m_banks = m_clients.prepare("SELECT * FROM CLIBANCOSDISP ORDER BY CLIBANCOSCODIGO, CLIBANCOSCUENTA");
-    sqlite3_stmt* m_concepts = m_clients.prepare("SELECT * FROM clientescyctabla WHERE clientescyccliente = ?");
+    sqlite3_stmt* m_shipping =
+        m_clients.prepare("SELECT * FROM CLIDIRENVIOS ORDER BY CLIENVICODIGO, CLIENVIDIRECCION");
+    sqlite3_stmt* m_banks =
+        m_clients.prepare("SELECT * FROM CLIBANCOSDISP ORDER BY CLIBANCOSCODIGO, CLIBANCOSCUENTA");
+    sqlite3_stmt* m_concepts =
+        m_clients.prepare("SELECT * FROM clientescyctabla WHERE clientescyccliente = ?");
     sqlite3_stmt* m_consultations = m_assistance.prepare("SELECT * FROM CONS WHERE CLICONSULTA = ?");
     sqlite3_stmt* m_numbers =
         m_telephones.prepare("SELECT * FROM TELEFON WHERE TELECODIGOEMPRESA = ? AND TELECODIGO = ?");
@@ -82,7 +85,8 @@ Case showCase()
     const auto window = std::make_shared<climant>();
     window->load();
     const auto raw = std::make_shared<RawShow>();
-    Case what{u"Showing a client"_s, u"14 lines a grid, 200 consultations, 100,000 rows a table"_s, 1.5, 1, {}, {}};
+    Case what{
+        u"Showing a client"_s, u"14 lines a grid, 200 consultations, 100,000 rows a table"_s, 1.5, 1, {}, {}};
     what.ours = [window] {
         window->findChild<platform::TextBox*>(u"Text49"_s)->setText(fullClientCode());
         window->LeerClientes();

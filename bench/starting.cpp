@@ -29,8 +29,8 @@ void openRaw(const stores::StoreSchema& store)
     const RawStore raw(storePath(store.file));
     const GatePass pass = GatePass::forReading(raw.sidecar(), Task::Open);
     for (const stores::TableSchema& table : store.tables) {
-        const QByteArray sql = "SELECT * FROM " + table.name.toUtf8() + " ORDER BY " + table.indexes[0].key[0].toUtf8()
-                               + " LIMIT 1";
+        const QByteArray sql = "SELECT * FROM " + table.name.toUtf8() + " ORDER BY " +
+                               table.indexes[0].key[0].toUtf8() + " LIMIT 1";
         sqlite3_stmt* statement = raw.prepare(sql.constData());
         if (sqlite3_step(statement) == SQLITE_ROW)
             keep(textColumn(statement, 0).size());

@@ -4,6 +4,7 @@
 #include "ui_climant.h"
 
 #include "clients/linetables.h"
+#include "lookup/logo.h"
 #include "platform/core/regime.h"
 #include "platform/text/textfunctions.h"
 #include "platform/window/focusrules.h"
@@ -13,9 +14,7 @@
 #include "platform/window/icons.h"
 #include "stores/consultas.h"
 
-#include <QCoreApplication>
 #include <QMenu>
-#include <QVersionNumber>
 
 using namespace Qt::StringLiterals;
 using platform::attempt;
@@ -28,20 +27,6 @@ namespace {
 // Pictures of the main window's list, counted from 1.
 constexpr platform::Icon kFirstPicture = platform::Icon::Application;
 constexpr platform::Icon kSecondPicture = platform::Icon::Network;
-constexpr int kPicturePixels = 32;
-
-QString versionHint()
-{
-    const QVersionNumber version = QVersionNumber::fromString(QCoreApplication::applicationVersion());
-    return u"Quenda.- Ver.%1.%2 Build %3"_s.arg(version.majorVersion())
-        .arg(version.minorVersion())
-        .arg(version.microVersion());
-}
-
-void showPicture(platform::ImageLabel& label, platform::Icon picture)
-{
-    label.setPixmap(platform::icon(picture).pixmap(kPicturePixels, kPicturePixels));
-}
 
 } // namespace
 

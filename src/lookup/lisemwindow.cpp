@@ -5,6 +5,7 @@
 
 #include "lookup/buscar.h"
 #include "lookup/fittedcolumns.h"
+#include "lookup/logo.h"
 #include "platform/core/regime.h"
 #include "platform/window/focusrules.h"
 #include "platform/window/formhelpers.h"
@@ -13,10 +14,8 @@
 #include "platform/window/icons.h"
 #include "shell/globalsat.h"
 
-#include <QCoreApplication>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QVersionNumber>
 
 using namespace Qt::StringLiterals;
 using platform::attempt;
@@ -24,21 +23,6 @@ using platform::handle;
 using platform::holds;
 
 namespace {
-
-constexpr int kPicturePixels = 32;
-
-QString versionHint()
-{
-    const QVersionNumber version = QVersionNumber::fromString(QCoreApplication::applicationVersion());
-    return u"Quenda.- Ver.%1.%2 Build %3"_s.arg(version.majorVersion())
-        .arg(version.minorVersion())
-        .arg(version.microVersion());
-}
-
-void showPicture(platform::ImageLabel& label, platform::Icon picture)
-{
-    label.setPixmap(platform::icon(picture).pixmap(kPicturePixels, kPicturePixels));
-}
 
 /// Text of an item of the families: code, ".-", description.
 QString familyItem(const platform::dao::Recordset& families)

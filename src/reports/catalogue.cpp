@@ -44,7 +44,9 @@ std::span<const ReportRow> catalogue() noexcept
 
 const ReportRow* reportRow(double number) noexcept
 {
-    const auto isWanted = [number](const ReportRow& row) { return static_cast<double>(row.number) == number; };
+    const auto isWanted = [number](const ReportRow& row) {
+        return static_cast<double>(row.number) == number;
+    };
     const auto* found = std::find_if(kCatalogue.begin(), kCatalogue.end(), isWanted);
     return found == kCatalogue.end() ? nullptr : found;
 }

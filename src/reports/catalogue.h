@@ -11,7 +11,16 @@
 namespace reports {
 
 /// How a report's selection formula is built.
-enum class FormulaFamily { Nothing, Documents, Portfolio, MasterRanges, Month, Commissions, Accounting, Lookup };
+enum class FormulaFamily {
+    Nothing,
+    Documents,
+    Portfolio,
+    MasterRanges,
+    Month,
+    Commissions,
+    Accounting,
+    Lookup
+};
 
 /// Which of the two range pages a report offers. With `Number` the tab of the dates refuses to turn.
 enum class RangePages { NoPages, Number, NumberAndDates };

@@ -14,8 +14,7 @@ class EngineText
 public:
     explicit EngineText(QByteArray bytes)
         : m_bytes(std::move(bytes))
-    {
-    }
+    {}
     // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the engine takes a text.
     operator const char*() const { return m_bytes.constData(); }
     [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }

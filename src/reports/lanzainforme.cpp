@@ -23,7 +23,7 @@ namespace reports {
 namespace {
 
 constexpr std::array kScannedReports{kInvoices, kDeliveryNotes, kOrders, kBudgets};
-constexpr std::array kReportsWithFormulas{kInvoices,       kDeliveryNotes,         kOrders,    kBudgets,
+constexpr std::array kReportsWithFormulas{kInvoices,       kDeliveryNotes,         kOrders,     kBudgets,
                                           kPurchaseOrders, kPurchaseDeliveryNotes, kCommissions};
 
 constexpr int kContract = 102;
@@ -52,8 +52,8 @@ PEWindowOptions previewOptions()
     return options;
 }
 
-/// The file name without the year of an exercise, a four-digit run that begins with the last "200", else the last
-/// "199".
+/// The file name without the year of an exercise, a four-digit run that begins with the last "200", else the
+/// last "199".
 QString withoutExerciseYear(const QString& name)
 {
     qsizetype at = InStrRev(name, u"200");
@@ -72,26 +72,19 @@ struct FormulaField
 };
 
 constexpr std::array kFormulaFields{
-    FormulaField{kInvoices, "FESYS", "YO"},
-    FormulaField{kDeliveryNotes, "FESYS", "YO"},
-    FormulaField{kOrders, "FESYS", "YO"},
-    FormulaField{kBudgets, "FESYS", "YO"},
-    FormulaField{kPurchaseOrders, "FESYS", "YO"},
-    FormulaField{kPurchaseDeliveryNotes, "FESYS", "YO"},
-    FormulaField{kCommissions, "fechas", "YO"},
-    FormulaField{kContract, "CONTRATO", "YO"},
-    FormulaField{kContract, "TITULAR", "YO"},
-    FormulaField{kContract, "DOMICILIO", "YO"},
-    FormulaField{kContract, "LOCALIDAD", "YO"},
-    FormulaField{kContract, "NIF", "YO"},
-    FormulaField{kDueDates, "VENCI1", "VENDO1"},
-    FormulaField{kDueDates, "VENCI2", "VENDO2"},
-    FormulaField{kDueDates, "VENCI3", "VENDO3"},
-    FormulaField{kDueDates, "VENCI4", "VENDO4"},
+    FormulaField{kInvoices, "FESYS", "YO"},       FormulaField{kDeliveryNotes, "FESYS", "YO"},
+    FormulaField{kOrders, "FESYS", "YO"},         FormulaField{kBudgets, "FESYS", "YO"},
+    FormulaField{kPurchaseOrders, "FESYS", "YO"}, FormulaField{kPurchaseDeliveryNotes, "FESYS", "YO"},
+    FormulaField{kCommissions, "fechas", "YO"},   FormulaField{kContract, "CONTRATO", "YO"},
+    FormulaField{kContract, "TITULAR", "YO"},     FormulaField{kContract, "DOMICILIO", "YO"},
+    FormulaField{kContract, "LOCALIDAD", "YO"},   FormulaField{kContract, "NIF", "YO"},
+    FormulaField{kDueDates, "VENCI1", "VENDO1"},  FormulaField{kDueDates, "VENCI2", "VENDO2"},
+    FormulaField{kDueDates, "VENCI3", "VENDO3"},  FormulaField{kDueDates, "VENCI4", "VENDO4"},
     FormulaField{kDueDates, "VENCI5", "VENDO5"},
 };
 
-/// The tables from 1 on that a request may point elsewhere; an empty text leaves one as the report file has it.
+/// The tables from 1 on that a request may point elsewhere; an empty text leaves one as the report file has
+/// it.
 const std::array kNumberedBases{&BASEINFORME1, &BASEINFORME2, &BASEINFORME3, &BASEINFORME4,
                                 &BASEINFORME5, &BASEINFORME6, &BASEINFORME7};
 
@@ -148,7 +141,8 @@ void LISTA::relocateByScan(PEJob job)
         m_readLocation.StructSize = 1026;
         if (PEGetNthTableLocation(job, table, &m_readLocation) != 1)
             continue;
-        const QString location = Trim(fromEngineField(m_readLocation.Location, sizeof m_readLocation.Location));
+        const QString location =
+            Trim(fromEngineField(m_readLocation.Location, sizeof m_readLocation.Location));
         const QString name = withoutExerciseYear(Mid(location, InStrRev(location, u"\\") + 1));
         fillEngineField(m_writeLocation.Location, sizeof m_writeLocation.Location, RUTAEMPRESA + name);
         PESetNthTableLocation(job, table, &m_writeLocation);
@@ -237,8 +231,8 @@ void LISTA::FORMULASINFORME(PEJob job)
 {
     QString value;
     if (NUMINFORME == kCommissions)
-        value = u"Desde el "_s + FormatDate(ui->DTPicker1->date()) + u" hasta el "_s
-                + FormatDate(ui->DTPicker2->date());
+        value = u"Desde el "_s + FormatDate(ui->DTPicker1->date()) + u" hasta el "_s +
+                FormatDate(ui->DTPicker2->date());
     for (const FormulaField& field : kFormulaFields) {
         if (static_cast<double>(field.report) != NUMINFORME)
             continue;

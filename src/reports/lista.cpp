@@ -43,7 +43,8 @@ LISTA* loadedWindow(QWidget* parent)
 QString versionHint()
 {
     const QStringList version = QCoreApplication::applicationVersion().split(u'.');
-    return u"Quenda.- Ver."_s + version.value(0) + u"."_s + version.value(1) + u" Build "_s + version.value(2);
+    return u"Quenda.- Ver."_s + version.value(0) + u"."_s + version.value(1) + u" Build "_s +
+           version.value(2);
 }
 
 } // namespace
@@ -98,8 +99,8 @@ void LISTA::onLoad()
     attempt([&] { ui->imgwl->setToolTip(versionHint()); });
     attempt([&] { fillPrinterTree(); });
     attempt([&] {
-        ui->Label1->setText(u"Quenda está preparado para la impresión del informe: "_s + Trim(TITULOINFORME)
-                            + u". Por favor, seleccione los parámetros que considere oportunos:"_s);
+        ui->Label1->setText(u"Quenda está preparado para la impresión del informe: "_s + Trim(TITULOINFORME) +
+                            u". Por favor, seleccione los parámetros que considere oportunos:"_s);
     });
     attempt([&] { showParameters(); });
     attempt([&] { ui->DTPicker1->setDate(now().date()); });

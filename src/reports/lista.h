@@ -29,8 +29,8 @@ public:
     QString FORMULAINFORME;      // left by VISUALIZA, with the zero characters that end it
 
     // lanzainforme.cpp
-    /// Runs the request once: opens a job, points its tables at the company, sends the formulas, starts the output.
-    /// The job stays open until the window is unloaded.
+    /// Runs the request once: opens a job, points its tables at the company, sends the formulas, starts the
+    /// output. The job stays open until the window is unloaded.
     void LANZAINFORME();
     /// Sends the named formula fields; the first refusal ends it.
     void FORMULASINFORME(PEJob job);

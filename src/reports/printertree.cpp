@@ -50,8 +50,8 @@ void LISTA::chooseSelectedPrinter()
     attempt([] {
         messageBox({u"HA CAMBIADO LA SELECCION DE SU IMPRESORA\r"
                     "Quenda ha instalado su impresora predeterminada en:\r"
-                    "Impresora: "_s
-                        + currentPrinter().DeviceName + u"\r"_s,
+                    "Impresora: "_s +
+                        currentPrinter().DeviceName + u"\r"_s,
                     {},
                     MessageIcon::Information});
     });

@@ -67,8 +67,8 @@ DateParts dateParts(QDate date)
 QString dateHeader(QStringView column)
 {
     const QString campo = column.toString();
-    return u"DateVar FECHA;NumberVar Dia;NumberVar Mes;NumberVar Any;Dia:= val(mid("_s + campo
-           + u",1,2)); Mes:= val(mid("_s + campo + u",4,2));Any:= val(mid("_s + campo + u",7,4));"_s;
+    return u"DateVar FECHA;NumberVar Dia;NumberVar Mes;NumberVar Any;Dia:= val(mid("_s + campo +
+           u",1,2)); Mes:= val(mid("_s + campo + u",4,2));Any:= val(mid("_s + campo + u",7,4));"_s;
 }
 
 QString wideDateTime(const DateParts& parts)
@@ -88,12 +88,14 @@ QString wideDateTest(const DateParts& from, const DateParts& to)
 
 QString documentPrefix(const FormulaChoices& choices)
 {
-    if (choices.report == kInvoices && choices.reportFile == choices.programFolder + u"\\Factura garantias.rpt"_s)
+    if (choices.report == kInvoices &&
+        choices.reportFile == choices.programFolder + u"\\Factura garantias.rpt"_s)
         return u"{extendido.extendocumento} ='FACT' OR ISNULL({extendido.extendocumento})= TRUE AND "_s;
     if (choices.report == kOrders) {
         const QString file = Trim(choices.reportFile);
         // A file name too short for an extension can't be cut: no prefix then.
-        if (file.size() >= 4 && Left(file, file.size() - 4) == choices.programFolder + u"\\Pedido garantias"_s)
+        if (file.size() >= 4 &&
+            Left(file, file.size() - 4) == choices.programFolder + u"\\Pedido garantias"_s)
             return u"{extendido.extendocumento} ='PEDI' AND "_s;
     }
     return {};
@@ -106,11 +108,11 @@ QString documents(const FormulaChoices& choices)
     });
     const QString prefix = documentPrefix(choices);
     if (!choices.isDatesPageUp)
-        return prefix + columns->number.toString() + u" in 0 to 0 AND "_s + columns->canal.toString() + u" = '"_s
-               + kCanal + u"'"_s;
+        return prefix + columns->number.toString() + u" in 0 to 0 AND "_s + columns->canal.toString() +
+               u" = '"_s + kCanal + u"'"_s;
     if (choices.report == kInvoices)
-        return prefix + dateHeader(columns->date)
-               + wideDateTest(dateParts(choices.date1), dateParts(choices.date2));
+        return prefix + dateHeader(columns->date) +
+               wideDateTest(dateParts(choices.date1), dateParts(choices.date2));
     return prefix + columns->date.toString() + u" in ["_s + dateList(choices.date1, choices.date2) + u"]"_s;
 }
 
@@ -118,10 +120,10 @@ QString portfolioByDueDate(const FormulaChoices& choices)
 {
     const DateParts from = dateParts(choices.date1);
     const DateParts to = dateParts(choices.date2);
-    return u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime("_s + narrowDateTime(from)
-           + u",00,00,00) to DateTime ("_s + narrowDateTime(to)
-           + u",00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '"_s + Trim(choices.text1) + u"' to '"_s
-           + Trim(choices.text2) + u"' AND ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
+    return u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime("_s + narrowDateTime(from) +
+           u",00,00,00) to DateTime ("_s + narrowDateTime(to) +
+           u",00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '"_s + Trim(choices.text1) + u"' to '"_s +
+           Trim(choices.text2) + u"' AND ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
 }
 
 QString receipts(const FormulaChoices& choices)
@@ -130,8 +132,9 @@ QString receipts(const FormulaChoices& choices)
         return u"val({ACUCARTERATABLA.ACUCARTERANUMRECIBO}) in "_s + from + u" to "_s + to;
     };
     if (choices.isDatesPageUp)
-        return u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime ("_s + narrowDateTime(dateParts(choices.date1))
-               + u") to DateTime ("_s + narrowDateTime(dateParts(choices.date2)) + u")"_s;
+        return u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime ("_s +
+               narrowDateTime(dateParts(choices.date1)) + u") to DateTime ("_s +
+               narrowDateTime(dateParts(choices.date2)) + u")"_s;
     if (!choices.isChainedReceipt)
         return numbers(choices.text1, choices.text2);
     return choices.chainedReceipt ? numbers(*choices.chainedReceipt, *choices.chainedReceipt) : QString();
@@ -144,11 +147,11 @@ QString portfolio(const FormulaChoices& choices)
     if (choices.report == kReceipts)
         return receipts(choices);
     if (choices.report == kRemittanceByNumber)
-        return u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in "_s + choices.text1 + u" to "_s + choices.text2
-               + u" AND {ACUCARTERATABLA.ACUCARTERABANCO}='"_s + kBanco + u"'"_s;
-    return u"{ACUCARTERATABLA.ACUCARTERABANCO} in '"_s + choices.text1 + u"' to '"_s + choices.text2
-           + u"' AND {REMESAS.REMESAFECHA} in DateTime ("_s + narrowDateTime(dateParts(choices.date1))
-           + u") to DateTime ("_s + narrowDateTime(dateParts(choices.date2)) + u")"_s;
+        return u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in "_s + choices.text1 + u" to "_s +
+               choices.text2 + u" AND {ACUCARTERATABLA.ACUCARTERABANCO}='"_s + kBanco + u"'"_s;
+    return u"{ACUCARTERATABLA.ACUCARTERABANCO} in '"_s + choices.text1 + u"' to '"_s + choices.text2 +
+           u"' AND {REMESAS.REMESAFECHA} in DateTime ("_s + narrowDateTime(dateParts(choices.date1)) +
+           u") to DateTime ("_s + narrowDateTime(dateParts(choices.date2)) + u")"_s;
 }
 
 QString masterRanges(const FormulaChoices& choices)
@@ -158,8 +161,9 @@ QString masterRanges(const FormulaChoices& choices)
     };
     if (choices.report == kClientsByType)
         return range(u"{ClientesTabla.TipoClienteCodigo}", u"0001"_s, u"9999"_s);
-    const QStringView column = choices.report == kMaintenanceNotes ? QStringView(u"{ClientesTabla.ZonaCodigo}")
-                                                                   : QStringView(u"{ClientesTabla.CliCodigo}");
+    const QStringView column = choices.report == kMaintenanceNotes
+                                   ? QStringView(u"{ClientesTabla.ZonaCodigo}")
+                                   : QStringView(u"{ClientesTabla.CliCodigo}");
     return range(column, Trim(choices.text1), Trim(choices.text2));
 }
 
@@ -172,22 +176,22 @@ QString commissions(const FormulaChoices& choices)
     QString numero2 = u"0"_s;
     attempt([&] { numero1 = CStr(CInt(choices.text1)); });
     attempt([&] { numero2 = CStr(CInt(choices.text2)); });
-    return dateHeader(u"{FacturaTabla.FACTURAFecha}") + u"fecha:= Date(Any,Mes ,Dia);fecha in Date("_s + from.any
-           + u" , "_s + from.mes + u" , "_s + from.dia + u") to Date("_s + to.any + u" , "_s + to.mes + u" , "_s
-           + to.dia
-           + u")And {COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and val({facturatabla.facturanumrepre}) in "_s
-           + numero1 + u" to "_s + numero2;
+    return dateHeader(u"{FacturaTabla.FACTURAFecha}") + u"fecha:= Date(Any,Mes ,Dia);fecha in Date("_s +
+           from.any + u" , "_s + from.mes + u" , "_s + from.dia + u") to Date("_s + to.any + u" , "_s +
+           to.mes + u" , "_s + to.dia +
+           u")And {COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and val({facturatabla.facturanumrepre}) in "_s +
+           numero1 + u" to "_s + numero2;
 }
 
 QString journal(const std::optional<AccountingParameters>& accounting)
 {
     const AccountingParameters values = accounting.value_or(AccountingParameters{});
-    QString formula = dateHeader(u"{lineaapunte.fechaasiento}")
-                      + wideDateTest(dateParts(values.DesdeFecha), dateParts(values.HastaFecha));
+    QString formula = dateHeader(u"{lineaapunte.fechaasiento}") +
+                      wideDateTest(dateParts(values.DesdeFecha), dateParts(values.HastaFecha));
     if (accounting)
-        formula += u" AND {lineaapunte.numeroasiento}>='"_s + values.DesdeAsiento
-                   + u"' and {lineaapunte.numeroasiento}<='"_s + values.HastaAsiento
-                   + u"' AND {lineaapunte.cuentaasiento}={cta.numcuenta}"_s;
+        formula += u" AND {lineaapunte.numeroasiento}>='"_s + values.DesdeAsiento +
+                   u"' and {lineaapunte.numeroasiento}<='"_s + values.HastaAsiento +
+                   u"' AND {lineaapunte.cuentaasiento}={cta.numcuenta}"_s;
     return formula;
 }
 
@@ -199,16 +203,16 @@ QString accountingRow(const FormulaChoices& choices)
         if (!choices.accounting)
             return {};
         const QString account = choices.accounting->NCuenta;
-        return u"mid({lineaapunte.cuentaasiento},1,"_s + QString::number(account.size()) + u") in '"_s + account
-               + u"'"_s;
+        return u"mid({lineaapunte.cuentaasiento},1,"_s + QString::number(account.size()) + u") in '"_s +
+               account + u"'"_s;
     }
     // Without a parameter object the test of the option fails, and a failed test counts as passed.
     const int option = choices.accounting ? choices.accounting->OPCIONES : 0;
     if (option != 0 && option != 1)
         return {};
-    return u"{BALANCES.NATURALEZA} in '21' to '22' AND "_s
-           + (option == 0 ? u"length({BALANCES.CTA})=0 AND "_s : QString())
-           + u"{BALANCES.DESCRIP}<>'DEBE' AND {BALANCES.DESCRIP}<>'HABER'"_s;
+    return u"{BALANCES.NATURALEZA} in '21' to '22' AND "_s +
+           (option == 0 ? u"length({BALANCES.CTA})=0 AND "_s : QString()) +
+           u"{BALANCES.DESCRIP}<>'DEBE' AND {BALANCES.DESCRIP}<>'HABER'"_s;
 }
 
 } // namespace

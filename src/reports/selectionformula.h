@@ -35,7 +35,8 @@ struct FormulaChoices
     bool isDatesPageUp = false;
     QString month;         ///< "01" to "12"
     QString lookupFormula; ///< `FORMULABUSQUEDA`
-    /// Receipt number of a chained run; empty when it couldn't be found. Only looked at when `isChainedReceipt`.
+    /// Receipt number of a chained run; empty when it couldn't be found. Only looked at when
+    /// `isChainedReceipt`.
     std::optional<QString> chainedReceipt;
     bool isChainedReceipt = false;
     std::optional<AccountingParameters> accounting;
@@ -45,8 +46,8 @@ struct FormulaChoices
 /// has no formula row (8881 and every number outside the catalogue); an empty text when the row yields none.
 [[nodiscard]] std::optional<QString> selectionFormula(const FormulaChoices& choices);
 
-/// Dates from `first` on, each in double quotes, parted by ", ", up to and with `last`; at most 366. When `last`
-/// isn't reached the list keeps its last ", ".
+/// Dates from `first` on, each in double quotes, parted by ", ", up to and with `last`; at most 366. When
+/// `last` isn't reached the list keeps its last ", ".
 [[nodiscard]] QString dateList(QDate first, QDate last);
 
 } // namespace reports

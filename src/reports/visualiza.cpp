@@ -18,16 +18,15 @@ namespace reports {
 
 namespace {
 
-/// Number of the receipt that belongs to an invoice. Nothing in this system opens the invoices' database, so the
-/// query fails and there is none; the failure itself is what decides.
+/// Number of the receipt that belongs to an invoice. Nothing in this system opens the invoices' database, so
+/// the query fails and there is none; the failure itself is what decides.
 std::optional<QString> receiptOfInvoice(const QString& invoice)
 {
     dao::Database invoices;
     dao::Recordset lines;
     const QString query =
-        u"SELECT FACTURASLineas.FACTURAS2DocuVa From FACTURASLineas WHERE (((FACTURASLineas.FACTURAS2Numero)="_s
-        + invoice
-        + u") AND ((FACTURASLineas.FACTURAS2Linea)=1) AND ((FACTURASLineas.FACTURAS2Canal)=''))"_s;
+        u"SELECT FACTURASLineas.FACTURAS2DocuVa From FACTURASLineas WHERE (((FACTURASLineas.FACTURAS2Numero)="_s +
+        invoice + u") AND ((FACTURASLineas.FACTURAS2Linea)=1) AND ((FACTURASLineas.FACTURAS2Canal)=''))"_s;
     std::optional<QString> receipt;
     clearError();
     attempt([&] { lines = invoices.OpenRecordset(query, dao::dbOpenDynaset); });
@@ -70,7 +69,8 @@ void LISTA::VISUALIZA(PEJob job)
     }
     if (NUMINFORME == kCommissions)
         TITULOINFORME = u"Liquidación de comisiones"_s;
-    // A row with a formula ends it with a zero of its own; the call adds another. The engine reads up to the first.
+    // A row with a formula ends it with a zero of its own; the call adds another. The engine reads up to the
+    // first.
     if (!formula->isEmpty())
         *formula += QChar(u'\0');
     FORMULAINFORME = *formula + QChar(u'\0');

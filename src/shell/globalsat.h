@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The program-wide variables. They have no owner and live until the process ends; every window and store works
-// on them directly. Helpers of ours take what they need as arguments and never look here.
+// The program-wide variables. They have no owner and live until the process ends; every window and store
+// works on them directly. Helpers of ours take what they need as arguments and never look here.
 
 #include "platform/dao/dao.h"
 

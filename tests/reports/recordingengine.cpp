@@ -99,7 +99,8 @@ std::int16_t PESetNthTableLocation(PEJob job, std::int16_t table, const PETableL
 std::int16_t PEGetNSections(PEJob job)
 {
     record(u"PEGetNSections"_s, number(job));
-    return answer<std::int16_t>(u"PEGetNSections"_s, static_cast<int>(answers.subreportsBySection.size()), -1);
+    return answer<std::int16_t>(u"PEGetNSections"_s, static_cast<int>(answers.subreportsBySection.size()),
+                                -1);
 }
 
 std::int16_t PEGetSectionCode(PEJob job, std::int16_t section)
@@ -137,7 +138,8 @@ PEJob PEOpenSubreport(PEJob job, const char* name)
     return answer<PEJob>(u"PEOpenSubreport"_s, answers.job + 50);
 }
 
-std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, const char* port, const void* mode)
+std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, const char* port,
+                             const void* mode)
 {
     record(u"PESelectPrinter"_s, number(job), textOf(driver), textOf(device), textOf(port),
            mode == nullptr ? u"none"_s : u"mode"_s);
@@ -164,10 +166,11 @@ std::int16_t PESetFormula(PEJob job, const char* name, const char* text)
 
 std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options)
 {
-    const auto flags = {options->hasGroupTree,   options->canDrillDown,        options->hasNavigationControls,
-                        options->hasCancelButton, options->hasPrintButton,     options->hasExportButton,
-                        options->hasZoomControl,  options->hasCloseButton,     options->hasProgressControls,
-                        options->hasSearchButton, options->hasPrintSetupButton, options->hasRefreshButton};
+    const auto flags = {
+        options->hasGroupTree,    options->canDrillDown,        options->hasNavigationControls,
+        options->hasCancelButton, options->hasPrintButton,      options->hasExportButton,
+        options->hasZoomControl,  options->hasCloseButton,      options->hasProgressControls,
+        options->hasSearchButton, options->hasPrintSetupButton, options->hasRefreshButton};
     QString text;
     for (const std::int16_t flag : flags)
         text += QString::number(flag);
@@ -175,8 +178,8 @@ std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options)
     return answer<std::int16_t>(u"PESetWindowOptions"_s, 1);
 }
 
-std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top, std::int32_t width,
-                              std::int32_t height, std::int32_t style, void* parent)
+std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top,
+                              std::int32_t width, std::int32_t height, std::int32_t style, void* parent)
 {
     record(u"PEOutputToWindow"_s, number(job), textOf(title), number(left), number(top), number(width),
            number(height), number(style), parent == nullptr ? u"0"_s : u"parent"_s);

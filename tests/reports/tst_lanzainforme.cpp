@@ -136,18 +136,19 @@ void LanzaInformeTest::report888PreviewsWithTheseCallsInThisOrder()
 
     preview(*window);
 
-    QCOMPARE(recordedCalls(), (QStringList{
-                                  u"PEOpenPrintJob(\"C:\\Q\\informe.rpt\")"_s,
-                                  u"PESetNthTableLocation(1, 0, 258, \"C:\\Q\\Empresa00012\\ASISTENCIAS.MDB\")"_s,
-                                  kSelectPrinter,
-                                  u"PESetGroupSelectionFormula(1, "_s + formula + u")"_s,
-                                  u"PESetGroupSelectionFormula(1, "_s + formula + u")"_s,
-                                  u"PESetSelectionFormula(1, "_s + formula + u")"_s,
-                                  kWindowOptions,
-                                  u"PEOutputToWindow(1, \"Título\", 50, 50, 600, 600, 0, 0)"_s,
-                                  u"PEGetErrorCode(1)"_s,
-                                  u"PEStartPrintJob(1, 0)"_s,
-                              }));
+    QCOMPARE(recordedCalls(),
+             (QStringList{
+                 u"PEOpenPrintJob(\"C:\\Q\\informe.rpt\")"_s,
+                 u"PESetNthTableLocation(1, 0, 258, \"C:\\Q\\Empresa00012\\ASISTENCIAS.MDB\")"_s,
+                 kSelectPrinter,
+                 u"PESetGroupSelectionFormula(1, "_s + formula + u")"_s,
+                 u"PESetGroupSelectionFormula(1, "_s + formula + u")"_s,
+                 u"PESetSelectionFormula(1, "_s + formula + u")"_s,
+                 kWindowOptions,
+                 u"PEOutputToWindow(1, \"Título\", 50, 50, 600, 600, 0, 0)"_s,
+                 u"PEGetErrorCode(1)"_s,
+                 u"PEStartPrintJob(1, 0)"_s,
+             }));
 }
 
 void LanzaInformeTest::report725MovesTablesZeroAndTwo()
@@ -358,8 +359,9 @@ void LanzaInformeTest::lastSubreportOfASectionIsMovedForEach()
 
     QCOMPARE(callsNamed(u"PEOpenSubreport"_s),
              (QStringList{u"PEOpenSubreport(1, \"segundo\")"_s, u"PEOpenSubreport(1, \"segundo\")"_s}));
-    QCOMPARE(callsNamed(u"PESetNthTableLocation"_s),
-             (QStringList{2, u"PESetNthTableLocation(51, 0, 258, \""_s + kCompany + u"RECIBOSCARTERA.MDB\")"_s}));
+    QCOMPARE(
+        callsNamed(u"PESetNthTableLocation"_s),
+        (QStringList{2, u"PESetNthTableLocation(51, 0, 258, \""_s + kCompany + u"RECIBOSCARTERA.MDB\")"_s}));
     QCOMPARE(callsNamed(u"PEGetSubreportInfo"_s).first(), u"PEGetSubreportInfo(1, 201, 137)"_s);
 }
 
@@ -401,8 +403,9 @@ void LanzaInformeTest::commissionsPrintTheirPeriod()
 
     preview(*window);
 
-    QCOMPARE(callsNamed(u"PESetFormula"_s).first(),
-             u"PESetFormula(1, \"fechas\", \"StringVar YO; YO:=\"Desde el 02/01/2026 hasta el 20/11/2026\"\")"_s);
+    QCOMPARE(
+        callsNamed(u"PESetFormula"_s).first(),
+        u"PESetFormula(1, \"fechas\", \"StringVar YO; YO:=\"Desde el 02/01/2026 hasta el 20/11/2026\"\")"_s);
 }
 
 void LanzaInformeTest::reportsWithoutFieldsSetNone()
@@ -460,8 +463,9 @@ void LanzaInformeTest::chainedReceiptSelectsNothing()
 void LanzaInformeTest::everyFailingCallLeavesTheOthersAsTheyAre_data()
 {
     QTest::addColumn<QString>("failing");
-    for (const char* name : {"PEOpenPrintJob", "PESetNthTableLocation", "PESelectPrinter", "PESetGroupSelectionFormula",
-                             "PESetSelectionFormula", "PESetWindowOptions", "PEOutputToWindow"})
+    for (const char* name :
+         {"PEOpenPrintJob", "PESetNthTableLocation", "PESelectPrinter", "PESetGroupSelectionFormula",
+          "PESetSelectionFormula", "PESetWindowOptions", "PEOutputToWindow"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

@@ -71,14 +71,16 @@ void SelectionFormulaTest::everyRowYieldsItsTemplate_data()
     QTest::newRow("725") << 725.0 << false << u"{ClientesTabla.ZonaCodigo} in '5' to '9'"_s;
     QTest::newRow("8888") << 8888.0 << false << u"{ClientesTabla.TipoClienteCodigo} in '0001' to '9999'"_s;
     QTest::newRow("888") << 888.0 << false << u"Mid ({CONS.FEINICIO},4,2) = \"03\""_s;
-    QTest::newRow("1 by number") << 1.0 << false
-                                 << u"{FacturaTabla.FACTURANumero} in 0 to 0 AND {FacturaTabla.FACTURACanal} = ''"_s;
+    QTest::newRow("1 by number")
+        << 1.0 << false << u"{FacturaTabla.FACTURANumero} in 0 to 0 AND {FacturaTabla.FACTURACanal} = ''"_s;
     QTest::newRow("2 by number")
-        << 2.0 << false << u"{AlbaranesTabla.ALBARANNumero} in 0 to 0 AND {AlbaranesTabla.ALBARANCanal} = ''"_s;
+        << 2.0 << false
+        << u"{AlbaranesTabla.ALBARANNumero} in 0 to 0 AND {AlbaranesTabla.ALBARANCanal} = ''"_s;
     QTest::newRow("3 by number")
         << 3.0 << false << u"{PEDIDOSTabla.PEDIDOSNumero} in 0 to 0 AND {PEDIDOSTabla.PEDIDOSCanal} = ''"_s;
     QTest::newRow("4 by number")
-        << 4.0 << false << u"{PresupuestoTabla.PRECOMNumero} in 0 to 0 AND {PresupuestoTabla.PRECOMCanal} = ''"_s;
+        << 4.0 << false
+        << u"{PresupuestoTabla.PRECOMNumero} in 0 to 0 AND {PresupuestoTabla.PRECOMCanal} = ''"_s;
     QTest::newRow("5 by number") << 5.0 << false
                                  << u"{ComprasPedidosTabla.ComprasPedidosNumero} in 0 to 0 AND "
                                     "{ComprasPedidosTabla.ComprasPedidosCanal} = ''"_s;
@@ -89,37 +91,41 @@ void SelectionFormulaTest::everyRowYieldsItsTemplate_data()
                                  << u"{ComprasFacturaTabla.COMPRASFacturaNumero} in 0 to 0 AND "
                                     "{ComprasFacturaTabla.COMPRASFacturaCanal} = ''"_s;
     QTest::newRow("1 by date") << 1.0 << true
-                               << header(u"{FacturaTabla.FACTURAFecha}"_s)
-                                      + u"fecha:= Date (Any,Mes ,Dia);fecha in "_s + wide;
-    QTest::newRow("662") << 662.0 << false
-                         << u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime(2024,03,01,00,00,00) to DateTime "
-                            "(2024,03,31,00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '5' to '9' AND "
-                            "ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
+                               << header(u"{FacturaTabla.FACTURAFecha}"_s) +
+                                      u"fecha:= Date (Any,Mes ,Dia);fecha in "_s + wide;
+    QTest::newRow("662")
+        << 662.0 << false
+        << u"{ACUCARTERATABLA.ACUCARTERAVENCIMIENTO} in DateTime(2024,03,01,00,00,00) to DateTime "
+           "(2024,03,31,00,00,00) and  {ACUCARTERATABLA.ACUCARTERACODIGO} in '5' to '9' AND "
+           "ISNULL({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) = True"_s;
     QTest::newRow("444") << 444.0 << false
                          << u"val({ACUCARTERATABLA.ACUCARTERARNUMREMESAS}) in 5 to 9 AND "
                             "{ACUCARTERATABLA.ACUCARTERABANCO}=''"_s;
     QTest::newRow("333 by number") << 333.0 << false
                                    << u"val({ACUCARTERATABLA.ACUCARTERANUMRECIBO}) in 5 to 9"_s;
-    QTest::newRow("333 by date") << 333.0 << true
-                                 << u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime (2024,03,01) to DateTime "
-                                    "(2024,03,31)"_s;
-    QTest::newRow("6") << 6.0 << false
-                       << u"{ACUCARTERATABLA.ACUCARTERABANCO} in '5' to '9' AND {REMESAS.REMESAFECHA} in DateTime "
-                          "(2024,03,01) to DateTime (2024,03,31)"_s;
-    QTest::newRow("726") << 726.0 << false
-                         << header(u"{FacturaTabla.FACTURAFecha}"_s)
-                                + u"fecha:= Date(Any,Mes ,Dia);fecha in Date(2024 , 03 , 01) to Date(2024 , 03 , "
-                                  "31)And {COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and "
-                                  "val({facturatabla.facturanumrepre}) in 5 to 9"_s;
-    QTest::newRow("5001 without parameters")
-        << 5001.0 << false
-        << u"{BALANCES.NATURALEZA} in '21' to '22' AND length({BALANCES.CTA})=0 AND {BALANCES.DESCRIP}<>'DEBE' "
-           "AND {BALANCES.DESCRIP}<>'HABER'"_s;
+    QTest::newRow("333 by date")
+        << 333.0 << true
+        << u"{ACUCARTERATABLA.ACUCARTERAFECHARECIBO} in DateTime (2024,03,01) to DateTime "
+           "(2024,03,31)"_s;
+    QTest::newRow("6")
+        << 6.0 << false
+        << u"{ACUCARTERATABLA.ACUCARTERABANCO} in '5' to '9' AND {REMESAS.REMESAFECHA} in DateTime "
+           "(2024,03,01) to DateTime (2024,03,31)"_s;
+    QTest::newRow("726")
+        << 726.0 << false
+        << header(u"{FacturaTabla.FACTURAFecha}"_s) +
+               u"fecha:= Date(Any,Mes ,Dia);fecha in Date(2024 , 03 , 01) to Date(2024 , 03 , "
+               "31)And {COMISIONESTAB.COMISIONESDOCUMENTO}='FACT' and "
+               "val({facturatabla.facturanumrepre}) in 5 to 9"_s;
+    QTest::newRow("5001 without parameters") << 5001.0 << false
+                                             << u"{BALANCES.NATURALEZA} in '21' to '22' AND "
+                                                u"length({BALANCES.CTA})=0 AND {BALANCES.DESCRIP}<>'DEBE' "
+                                                "AND {BALANCES.DESCRIP}<>'HABER'"_s;
     QTest::newRow("5002 without parameters")
         << 5002.0 << false
-        << header(u"{lineaapunte.fechaasiento}"_s)
-               + u"fecha:= Date (Any,Mes ,Dia);fecha in DateTime ( ,  , ,00, 00, 00) to DateTime ( ,  , ,00, 00, "
-                 "00)"_s;
+        << header(u"{lineaapunte.fechaasiento}"_s) + u"fecha:= Date (Any,Mes ,Dia);fecha in DateTime ( ,  , "
+                                                     u",00, 00, 00) to DateTime ( ,  , ,00, 00, "
+                                                     "00)"_s;
     QTest::newRow("5003 without parameters") << 5003.0 << false << QString();
 }
 
@@ -165,7 +171,8 @@ void SelectionFormulaTest::oneDayGivesAListOfOneDateWithoutComma()
 
 void SelectionFormulaTest::listOfDatesSpansTheYearEnd()
 {
-    QCOMPARE(dateList(QDate(2023, 12, 30), QDate(2024, 1, 1)), u"\"30/12/2023\", \"31/12/2023\", \"01/01/2024\""_s);
+    QCOMPARE(dateList(QDate(2023, 12, 30), QDate(2024, 1, 1)),
+             u"\"30/12/2023\", \"31/12/2023\", \"01/01/2024\""_s);
 }
 
 void SelectionFormulaTest::listLongerThan366DaysKeepsItsLastComma()
@@ -257,8 +264,9 @@ void SelectionFormulaTest::accountingRowsFillFromTheirParameters()
     FormulaChoices choices = choicesOf(5001);
     choices.accounting = parameters;
 
-    QCOMPARE(selectionFormula(choices), u"{BALANCES.NATURALEZA} in '21' to '22' AND {BALANCES.DESCRIP}<>'DEBE' AND "
-                                        "{BALANCES.DESCRIP}<>'HABER'"_s);
+    QCOMPARE(selectionFormula(choices),
+             u"{BALANCES.NATURALEZA} in '21' to '22' AND {BALANCES.DESCRIP}<>'DEBE' AND "
+             "{BALANCES.DESCRIP}<>'HABER'"_s);
     choices.report = 5002;
     QVERIFY(selectionFormula(choices)->endsWith(
         u"DateTime (2024 , 03 , 01,00, 00, 00) to DateTime (2024 , 03 , 31,00, 00, 00) AND "

@@ -29,9 +29,9 @@ ColumnNames::ColumnNames(const QList<storage::Column>& columns)
 int ColumnNames::position(QStringView name) const
 {
     // The last unit tells names of one table apart better than the first: they begin with the table's prefix.
-    const std::size_t slot = name.isEmpty() ? 0
-                                            : (static_cast<std::size_t>(name.size()) * 7U + name.back().unicode())
-                                                  % kSpellings;
+    const std::size_t slot =
+        name.isEmpty() ? 0
+                       : (static_cast<std::size_t>(name.size()) * 7U + name.back().unicode()) % kSpellings;
     Spelling& spelling = m_spellings[slot];
     if (spelling.name == name && !name.isEmpty())
         return spelling.position;

@@ -38,8 +38,8 @@ void EditBuffer::writeEdit(storage::Table& table)
     try {
         table.update(m_id, m_original, m_values);
     } catch (const Failure& failure) {
-        // The next attempt compares with what the other station left, and so replaces it. Where the row has gone
-        // meanwhile, that attempt says so.
+        // The next attempt compares with what the other station left, and so replaces it. Where the row has
+        // gone meanwhile, that attempt says so.
         if (failure.number() == kDataChanged)
             static_cast<void>(table.read(m_id, m_original));
         throw;

@@ -45,7 +45,8 @@ struct PEPrintOptions
 /// Where a table's file lies: left-justified, ended by a zero.
 struct PETableLocation
 {
-    std::uint16_t StructSize = 258; ///< 258 or 1026 are accepted; at most 255 characters and a zero are written
+    std::uint16_t StructSize =
+        258; ///< 258 or 1026 are accepted; at most 255 characters and a zero are written
     char Location[256] = {};
 };
 
@@ -87,7 +88,8 @@ std::int16_t PEGetSubreportInfo(PEJob job, std::int32_t subreport, PESubreportIn
 PEJob PEOpenSubreport(PEJob job, const char* name);
 
 /// Keeps the device by name; driver, port and a null mode are ignored. (2, 14)
-std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, const char* port, const void* mode);
+std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, const char* port,
+                             const void* mode);
 
 /// Parsed at once. A text that isn't understood stays in force, so that the start fails too. (2, 10)
 std::int16_t PESetGroupSelectionFormula(PEJob job, const char* text);
@@ -97,13 +99,13 @@ std::int16_t PESetFormula(PEJob job, const char* name, const char* text);
 
 std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options);
 /// Place and size in pixels.
-std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top, std::int32_t width,
-                              std::int32_t height, std::int32_t style, void* parent);
+std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top,
+                              std::int32_t width, std::int32_t height, std::int32_t style, void* parent);
 std::int16_t PEOutputToPrinter(PEJob job, std::int16_t copies);
 std::int16_t PESetPrintOptions(PEJob job, const PEPrintOptions* options);
 
-/// Binds, opens the stores, lays out page 1 and goes on in slices of the event loop (`wait` 0), or to the end.
-/// 0 with the first cause found; then there is no window and no print.
+/// Binds, opens the stores, lays out page 1 and goes on in slices of the event loop (`wait` 0), or to the
+/// end. 0 with the first cause found; then there is no window and no print.
 std::int16_t PEStartPrintJob(PEJob job, std::int16_t wait);
 
 /// Last code of the job, 0 for none; job 0 asks for the engine's.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A small picture, a magnifier unless told otherwise, that acts as a button. It takes the focus at a click, before it
-// reports it through clicked(); blank and Enter click it too.
+// A small picture, a magnifier unless told otherwise, that acts as a button. It takes the focus at a click,
+// before it reports it through clicked(); blank and Enter click it too.
 
 #include <QToolButton>
 

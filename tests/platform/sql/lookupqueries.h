@@ -20,42 +20,33 @@ struct Query
 };
 
 inline constexpr std::array<Query, 51> kAccepted{{
-    {"list 3",
-     u"SELECT CPOSTAL as Codigo, LOCALI as Localidad FROM POSTA ORDER BY LOCALI",
-     u"CPOSTAL as Codigo, LOCALI as Localidad", u"POSTA",
-     u"", u"LOCALI"},
-    {"list 9",
-     u"SELECT ZONCODIGO AS Codigo, ZONDESCRIPCION as Zonas FROM ZONATAB ORDER BY ZONDESCRIPCION",
-     u"ZONCODIGO as Codigo, ZONDESCRIPCION as Zonas", u"ZONATAB",
-     u"", u"ZONDESCRIPCION"},
+    {"list 3", u"SELECT CPOSTAL as Codigo, LOCALI as Localidad FROM POSTA ORDER BY LOCALI",
+     u"CPOSTAL as Codigo, LOCALI as Localidad", u"POSTA", u"", u"LOCALI"},
+    {"list 9", u"SELECT ZONCODIGO AS Codigo, ZONDESCRIPCION as Zonas FROM ZONATAB ORDER BY ZONDESCRIPCION",
+     u"ZONCODIGO as Codigo, ZONDESCRIPCION as Zonas", u"ZONATAB", u"", u"ZONDESCRIPCION"},
     {"list 15",
      u"SELECT TIPOCODIGO as Codigo, TIPODESCRIPCION as 'Tipo de Cliente' FROM TIPOCLI ORDER BY "
      u"TIPODESCRIPCION",
-     u"TIPOCODIGO as Codigo, TIPODESCRIPCION as Tipo de Cliente", u"TIPOCLI",
-     u"", u"TIPODESCRIPCION"},
-    {"list 17",
-     u"SELECT REPCODIGO as Codigo, REPDESCRI as Representante FROM REPTABLA ORDER BY REPDESCRI",
-     u"REPCODIGO as Codigo, REPDESCRI as Representante", u"REPTABLA",
-     u"", u"REPDESCRI"},
+     u"TIPOCODIGO as Codigo, TIPODESCRIPCION as Tipo de Cliente", u"TIPOCLI", u"", u"TIPODESCRIPCION"},
+    {"list 17", u"SELECT REPCODIGO as Codigo, REPDESCRI as Representante FROM REPTABLA ORDER BY REPDESCRI",
+     u"REPCODIGO as Codigo, REPDESCRI as Representante", u"REPTABLA", u"", u"REPDESCRI"},
     {"list 11, all articles, all families",
      u"SELECT ARTCODIGO AS Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA ORDER BY DESCRIPCION",
-     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"", u"DESCRIPCION"},
+     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA", u"", u"DESCRIPCION"},
     {"list 111, all articles, all families",
      u"SELECT '' as S,ARTCODIGO AS Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA ORDER BY "
      u"DESCRIPCION",
-     u"'' as S, ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"", u"DESCRIPCION"},
+     u"'' as S, ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA", u"", u"DESCRIPCION"},
     {"list 11, all articles, one family",
      u"SELECT ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE FAMILIA = '0001' "
      u"ORDER BY DESCRIPCION",
-     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"(FAMILIA = '0001')", u"DESCRIPCION"},
+     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA", u"(FAMILIA = '0001')",
+     u"DESCRIPCION"},
     {"list 111, all articles, one family",
      u"SELECT '' as S,ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE FAMILIA = "
      u"'0001' ORDER BY DESCRIPCION",
-     u"'' as S, ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"(FAMILIA = '0001')", u"DESCRIPCION"},
+     u"'' as S, ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA", u"(FAMILIA = '0001')",
+     u"DESCRIPCION"},
     {"list 11, obsolete hidden, all families",
      u"SELECT ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE "
      u"TipoArticuloObsoleto = '0' OR ISNULL(TipoArticuloObsoleto) ORDER BY DESCRIPCION",
@@ -83,13 +74,13 @@ inline constexpr std::array<Query, 51> kAccepted{{
     {"list 20, all types, unchecked",
      u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad FROM "
      u"CLIENTESTABLA ORDER BY CLINOMBRE",
-     u"CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad", u"CLIENTESTABLA",
-     u"", u"CLINOMBRE"},
+     u"CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad", u"CLIENTESTABLA", u"",
+     u"CLINOMBRE"},
     {"list 20, all types, checked",
      u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad FROM "
      u"CLIENTESTABLA ORDER BY CLICODPOSTALLOCALI",
-     u"CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad", u"CLIENTESTABLA",
-     u"", u"CLICODPOSTALLOCALI"},
+     u"CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad", u"CLIENTESTABLA", u"",
+     u"CLICODPOSTALLOCALI"},
     {"list 20, one type, unchecked",
      u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CliCodPostalLocali as Localidad FROM "
      u"CLIENTESTABLA WHERE TIPOCLIENTECODIGO='02' ORDER BY CLINOMBRE",
@@ -103,53 +94,50 @@ inline constexpr std::array<Query, 51> kAccepted{{
     {"search 1",
      u"SELECT MENUMEMPRESA as Num, MENOMBRE as Empresa FROM EMP WHERE MENOMBRE LIKE '*sal*' ORDER BY "
      u"MENOMBRE",
-     u"MENUMEMPRESA as Num, MENOMBRE as Empresa", u"EMP",
-     u"(MENOMBRE LIKE '*sal*')", u"MENOMBRE"},
+     u"MENUMEMPRESA as Num, MENOMBRE as Empresa", u"EMP", u"(MENOMBRE LIKE '*sal*')", u"MENOMBRE"},
     {"search 2",
      u"SELECT ALMCODIGO as Num, ALMDESCRI as Almacen FROM ALMACEN WHERE ALMDESCRI LIKE '*sal*' ORDER BY "
      u"ALMDESCRI",
-     u"ALMCODIGO as Num, ALMDESCRI as Almacen", u"ALMACEN",
-     u"(ALMDESCRI LIKE '*sal*')", u"ALMDESCRI"},
+     u"ALMCODIGO as Num, ALMDESCRI as Almacen", u"ALMACEN", u"(ALMDESCRI LIKE '*sal*')", u"ALMDESCRI"},
     {"search 3",
      u"SELECT CPOSTAL as Codigo, LOCALI as Localidad FROM POSTA WHERE LOCALI LIKE '*sal*' ORDER BY "
      u"LOCALI",
-     u"CPOSTAL as Codigo, LOCALI as Localidad", u"POSTA",
-     u"(LOCALI LIKE '*sal*')", u"LOCALI"},
+     u"CPOSTAL as Codigo, LOCALI as Localidad", u"POSTA", u"(LOCALI LIKE '*sal*')", u"LOCALI"},
     {"search 4",
      u"SELECT MONCODIGO AS Codigo, MONDESCRIPCION as Moneda FROM MONEDATAB WHERE MONDESCRIPCION LIKE "
      u"'*sal*' ORDER BY MONDESCRIPCION",
-     u"MONCODIGO as Codigo, MONDESCRIPCION as Moneda", u"MONEDATAB",
-     u"(MONDESCRIPCION LIKE '*sal*')", u"MONDESCRIPCION"},
+     u"MONCODIGO as Codigo, MONDESCRIPCION as Moneda", u"MONEDATAB", u"(MONDESCRIPCION LIKE '*sal*')",
+     u"MONDESCRIPCION"},
     {"search 5",
      u"SELECT FABCODIGO AS Codigo, FABDESCRIPCION as Fabricantes FROM FABRICA WHERE FABDESCRIPCION LIKE "
      u"'*sal*' ORDER BY FABDESCRIPCION",
-     u"FABCODIGO as Codigo, FABDESCRIPCION as Fabricantes", u"FABRICA",
-     u"(FABDESCRIPCION LIKE '*sal*')", u"FABDESCRIPCION"},
+     u"FABCODIGO as Codigo, FABDESCRIPCION as Fabricantes", u"FABRICA", u"(FABDESCRIPCION LIKE '*sal*')",
+     u"FABDESCRIPCION"},
     {"search 6",
      u"SELECT ZCOD as Codigo, ZDEL as Administracion, ZADM as Delegacion FROM DELEG WHERE ZDEL LIKE "
      u"'*sal*' ORDER BY ZDEL",
-     u"ZCOD as Codigo, ZDEL as Administracion, ZADM as Delegacion", u"DELEG",
-     u"(ZDEL LIKE '*sal*')", u"ZDEL"},
+     u"ZCOD as Codigo, ZDEL as Administracion, ZADM as Delegacion", u"DELEG", u"(ZDEL LIKE '*sal*')",
+     u"ZDEL"},
     {"search 7",
      u"SELECT ENTCODIGO AS Codigo, ENTDESCRI as Banco, ENTCUENTA as Cuenta FROM ENTIDAD WHERE ENTDESCRI "
      u"LIKE '*sal*' ORDER BY ENTDESCRI",
-     u"ENTCODIGO as Codigo, ENTDESCRI as Banco, ENTCUENTA as Cuenta", u"ENTIDAD",
-     u"(ENTDESCRI LIKE '*sal*')", u"ENTDESCRI"},
+     u"ENTCODIGO as Codigo, ENTDESCRI as Banco, ENTCUENTA as Cuenta", u"ENTIDAD", u"(ENTDESCRI LIKE '*sal*')",
+     u"ENTDESCRI"},
     {"search 9",
      u"SELECT ZONCODIGO AS Codigo, ZONDESCRIPCION as Zonas FROM ZONATAB WHERE ZONDESCRIPCION LIKE "
      u"'*sal*' ORDER BY ZONDESCRIPCION",
-     u"ZONCODIGO as Codigo, ZONDESCRIPCION as Zonas", u"ZONATAB",
-     u"(ZONDESCRIPCION LIKE '*sal*')", u"ZONDESCRIPCION"},
+     u"ZONCODIGO as Codigo, ZONDESCRIPCION as Zonas", u"ZONATAB", u"(ZONDESCRIPCION LIKE '*sal*')",
+     u"ZONDESCRIPCION"},
     {"search 10",
      u"SELECT FAMICODIGO AS Codigo, FAMIDESCRIPCION as Familia FROM FAMI WHERE FAMIDESCRIPCION LIKE "
      u"'*sal*' ORDER BY FAMIDESCRIPCION",
-     u"FAMICODIGO as Codigo, FAMIDESCRIPCION as Familia", u"FAMI",
-     u"(FAMIDESCRIPCION LIKE '*sal*')", u"FAMIDESCRIPCION"},
+     u"FAMICODIGO as Codigo, FAMIDESCRIPCION as Familia", u"FAMI", u"(FAMIDESCRIPCION LIKE '*sal*')",
+     u"FAMIDESCRIPCION"},
     {"search 11, 111, all families",
      u"SELECT ARTCODIGO AS Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE DESCRIPCION LIKE "
      u"'*sal*' ORDER BY DESCRIPCION",
-     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
-     u"(DESCRIPCION LIKE '*sal*')", u"DESCRIPCION"},
+     u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA", u"(DESCRIPCION LIKE '*sal*')",
+     u"DESCRIPCION"},
     {"search 11, 111, one family",
      u"SELECT ARTCODIGO as Codigo, DESCRIPCION as Articulo FROM ARTICULOSTABLA WHERE FAMILIA = '0001' "
      u"AND DESCRIPCION LIKE '*sal*' ORDER BY DESCRIPCION",
@@ -168,7 +156,8 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"DESCRIPCION LIKE '*sal*' ORDER BY DESCRIPCION",
      u"ARTCODIGO as Codigo, DESCRIPCION as Articulo", u"ARTICULOSTABLA",
      u"((((TipoArticuloObsoleto = '0') OR ISNULL(TipoArticuloObsoleto)) AND (FAMILIA = '0001')) AND "
-     u"(DESCRIPCION LIKE '*sal*'))", u"DESCRIPCION"},
+     u"(DESCRIPCION LIKE '*sal*'))",
+     u"DESCRIPCION"},
     {"search 15",
      u"SELECT TIPOCODIGO as Codigo, TIPODESCRIPCION as 'Tipo de Cliente' FROM TIPOCLI WHERE "
      u"TIPODESCRIPCION LIKE '*sal*' ORDER BY TIPODESCRIPCION",
@@ -182,13 +171,13 @@ inline constexpr std::array<Query, 51> kAccepted{{
     {"search 17",
      u"SELECT REPCODIGO as Codigo, REPDESCRI as Representante FROM REPTABLA WHERE REPDESCRI LIKE "
      u"'*sal*' ORDER BY REPDESCRI",
-     u"REPCODIGO as Codigo, REPDESCRI as Representante", u"REPTABLA",
-     u"(REPDESCRI LIKE '*sal*')", u"REPDESCRI"},
+     u"REPCODIGO as Codigo, REPDESCRI as Representante", u"REPTABLA", u"(REPDESCRI LIKE '*sal*')",
+     u"REPDESCRI"},
     {"search 18",
      u"SELECT IDICODIGO AS codigo, IDIDESCRIP as Idioma FROM IdiomasTabla WHERE IDIDESCRIP LIKE '*sal*' "
      u"ORDER BY IDIDESCRIP",
-     u"IDICODIGO as codigo, IDIDESCRIP as Idioma", u"IdiomasTabla",
-     u"(IDIDESCRIP LIKE '*sal*')", u"IDIDESCRIP"},
+     u"IDICODIGO as codigo, IDIDESCRIP as Idioma", u"IdiomasTabla", u"(IDIDESCRIP LIKE '*sal*')",
+     u"IDIDESCRIP"},
     {"search 20, unchecked",
      u"SELECT CLICODIGO as Codigo, CLINOMBRE as Cliente, CLICODPOSTALLOCALI as Localidad FROM "
      u"CLIENTESTABLA WHERE CLINOMBRE LIKE '*sal*' ORDER BY CLINOMBRE",
@@ -223,8 +212,8 @@ inline constexpr std::array<Query, 51> kAccepted{{
     {"search 24",
      u"SELECT ESCANCODIGO as Codigo, ESCANDESCRI as Escandallo FROM ESCANTABLA WHERE ESCANDESCRI LIKE "
      u"'*sal*' ORDER BY ESCANDESCRI",
-     u"ESCANCODIGO as Codigo, ESCANDESCRI as Escandallo", u"ESCANTABLA",
-     u"(ESCANDESCRI LIKE '*sal*')", u"ESCANDESCRI"},
+     u"ESCANCODIGO as Codigo, ESCANDESCRI as Escandallo", u"ESCANTABLA", u"(ESCANDESCRI LIKE '*sal*')",
+     u"ESCANDESCRI"},
     {"search 25",
      u"SELECT PEDIDOSNumero as Numero, PEDIDOSNombrecli as Cliente, PEDIDOSFecha as Fecha FROM "
      u"PedidosTabla WHERE PEDIDOSCanal ='' AND PEDIDOSNombrecli LIKE '*sal*' ORDER BY PEDIDOSNombrecli",
@@ -251,25 +240,25 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"as Importe From FacturaTabla Where FACTURACanal ='' AND FACTURANombrecli LIKE '*sal*' ORDER BY "
      u"FACTURANombrecli ",
      u"FACTURANumero as Numero, FACTURANombrecli as Cliente, FACTURAFecha as Fecha, FACTURATotal as "
-     u"Importe", u"FacturaTabla",
-     u"((FACTURACanal = '') AND (FACTURANombrecli LIKE '*sal*'))", u"FACTURANombrecli"},
+     u"Importe",
+     u"FacturaTabla", u"((FACTURACanal = '') AND (FACTURANombrecli LIKE '*sal*'))", u"FACTURANombrecli"},
     {"search 27, by number",
      u"SELECT FACTURANumero as Numero, FACTURANombrecli as CLiente, FACTURAFecha as Fecha, FACTURATotal "
      u"as Importe From FacturaTabla Where FACTURACanal ='' AND FACTURANombrecli LIKE '*sal*' ORDER BY "
      u"FACTURANumero DESC ",
      u"FACTURANumero as Numero, FACTURANombrecli as CLiente, FACTURAFecha as Fecha, FACTURATotal as "
-     u"Importe", u"FacturaTabla",
-     u"((FACTURACanal = '') AND (FACTURANombrecli LIKE '*sal*'))", u"FACTURANumero DESC"},
+     u"Importe",
+     u"FacturaTabla", u"((FACTURACanal = '') AND (FACTURANombrecli LIKE '*sal*'))", u"FACTURANumero DESC"},
     {"search 31",
      u"SELECT TIPOSCODIGO as Codigo, TIPOSDESCRI as Operacion FROM TIPOSGTS WHERE TIPOSDESCRI LIKE "
      u"'*sal*' ORDER BY TIPOSDESCRI",
-     u"TIPOSCODIGO as Codigo, TIPOSDESCRI as Operacion", u"TIPOSGTS",
-     u"(TIPOSDESCRI LIKE '*sal*')", u"TIPOSDESCRI"},
+     u"TIPOSCODIGO as Codigo, TIPOSDESCRI as Operacion", u"TIPOSGTS", u"(TIPOSDESCRI LIKE '*sal*')",
+     u"TIPOSDESCRI"},
     {"search 40",
      u"SELECT numcuenta as Cuenta, titulodelacuenta as Descripcion FROM cta WHERE TITULODELACUENTA LIKE "
      u"'*sal*' ORDER BY TITULODELACUENTA",
-     u"numcuenta as Cuenta, titulodelacuenta as Descripcion", u"cta",
-     u"(TITULODELACUENTA LIKE '*sal*')", u"TITULODELACUENTA"},
+     u"numcuenta as Cuenta, titulodelacuenta as Descripcion", u"cta", u"(TITULODELACUENTA LIKE '*sal*')",
+     u"TITULODELACUENTA"},
     {"search 41",
      u"SELECT ECOMERCEFAMICODIGO as Codigo, ECOMERCEFAMIDESCRIPCION as Descripcion FROM "
      u"ECOMERCEFAMITABLA WHERE ECOMERCEFAMIDESCRIPCION LIKE '*sal*' ORDER BY ECOMERCEFAMIDESCRIPCION",
@@ -280,15 +269,13 @@ inline constexpr std::array<Query, 51> kAccepted{{
      u"as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE '*sal*' ORDER BY "
      u"int(ACUCARTERANUMRECIBO)",
      u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha",
-     u"ACUCARTERATABLA",
-     u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO)"},
+     u"ACUCARTERATABLA", u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO)"},
     {"search 333, by number",
      u"SELECT ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO "
      u"as Fecha FROM ACUCARTERATABLA WHERE ACUCARTERADESCRICLIENTE LIKE '*sal*' ORDER BY "
      u"int(ACUCARTERANUMRECIBO)DESC",
      u"ACUCARTERANUMRECIBO as Numero, ACUCARTERADESCRICLIENTE as Cliente, ACUCARTERAFECHARECIBO as Fecha",
-     u"ACUCARTERATABLA",
-     u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO) DESC"},
+     u"ACUCARTERATABLA", u"(ACUCARTERADESCRICLIENTE LIKE '*sal*')", u"int(ACUCARTERANUMRECIBO) DESC"},
 }};
 
 struct RefusedQuery

@@ -28,7 +28,8 @@ const QString& original()
     static const QTemporaryDir folder;
     static const QString path = [] {
         const QString root = folder.filePath(QStringLiteral("raíz"));
-        const ToolRun made = runTool({QStringLiteral("demo"), root, QStringLiteral("--size"), QStringLiteral("20")});
+        const ToolRun made =
+            runTool({QStringLiteral("demo"), root, QStringLiteral("--size"), QStringLiteral("20")});
         return made.exitCode == 0 ? root : QString();
     }();
     return path;

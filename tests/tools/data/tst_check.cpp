@@ -53,7 +53,8 @@ void overwrite(const QString& file, const QByteArray& bytes)
 
 QMap<QString, Value> consultation(double number, const QString& client)
 {
-    return {{QStringLiteral("ORDEN"), number}, {QStringLiteral("CLICONSULTA"), client},
+    return {{QStringLiteral("ORDEN"), number},
+            {QStringLiteral("CLICONSULTA"), client},
             {QStringLiteral("ESTADO"), QStringLiteral("01 Abierta")}};
 }
 
@@ -129,8 +130,9 @@ void CheckTest::aStoreOfGarbageIsToldInOneLine()
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.faults(), QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: no es una base de datos o "
-                                                      "está dañado")});
+    QCOMPARE(run.faults(),
+             QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: no es una base de datos o "
+                                        "está dañado")});
 }
 
 void CheckTest::anEmptyFileIsNoDatabase()
@@ -141,8 +143,9 @@ void CheckTest::anEmptyFileIsNoDatabase()
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.faults(), QStringList{QStringLiteral("fallo: Empresa00001/ZONAS.MDB: no es una base de datos o "
-                                                      "está dañado")});
+    QCOMPARE(run.faults(),
+             QStringList{QStringLiteral("fallo: Empresa00001/ZONAS.MDB: no es una base de datos o "
+                                        "está dañado")});
 }
 
 void CheckTest::aDamagedPageIsFound()
@@ -159,7 +162,8 @@ void CheckTest::aDamagedPageIsFound()
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 1);
-    QVERIFY2(!run.faults().isEmpty() && run.faults().front().startsWith(u"fallo: Empresa00012/ASISTENCIAS.MDB: "),
+    QVERIFY2(!run.faults().isEmpty() &&
+                 run.faults().front().startsWith(u"fallo: Empresa00012/ASISTENCIAS.MDB: "),
              qUtf8Printable(run.out));
 }
 
@@ -196,7 +200,8 @@ void CheckTest::aMissingStoreIsANotice()
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.notices().contains(QStringLiteral("aviso: Empresa00012/ZONAS.MDB: falta; se crea al arrancar")));
+    QVERIFY(
+        run.notices().contains(QStringLiteral("aviso: Empresa00012/ZONAS.MDB: falta; se crea al arrancar")));
 }
 
 void CheckTest::aMissingCompanyFolderIsAFault()
@@ -218,7 +223,8 @@ void CheckTest::aFolderThatTheCatalogueDoesNotKnowIsCheckedToo()
 
     const ToolRun run = demo.check();
 
-    QVERIFY(run.notices().contains(QStringLiteral("aviso: Empresa00099: el catálogo no conoce esta empresa")));
+    QVERIFY(
+        run.notices().contains(QStringLiteral("aviso: Empresa00099: el catálogo no conoce esta empresa")));
     QVERIFY(run.faults().contains(
         QStringLiteral("fallo: Empresa00099/ZONAS.MDB: no es una base de datos o está dañado")));
 }
@@ -228,9 +234,11 @@ void CheckTest::linesOfAnUnknownClientAreFaults_data()
     QTest::addColumn<QString>("table");
     QTest::addColumn<QStringList>("columns"); ///< of the primary key, the client's first
     QTest::newRow("address") << QStringLiteral("CLIDIRENVIOS")
-                             << QStringList{QStringLiteral("CLIENVICODIGO"), QStringLiteral("CLIENVIDIRECCION")};
+                             << QStringList{QStringLiteral("CLIENVICODIGO"),
+                                            QStringLiteral("CLIENVIDIRECCION")};
     QTest::newRow("account") << QStringLiteral("CLIBANCOSDISP")
-                             << QStringList{QStringLiteral("CLIBANCOSCODIGO"), QStringLiteral("CLIBANCOSCUENTA")};
+                             << QStringList{QStringLiteral("CLIBANCOSCODIGO"),
+                                            QStringLiteral("CLIBANCOSCUENTA")};
     QTest::newRow("price") << QStringLiteral("TarifasCliente")
                            << QStringList{QStringLiteral("TariCodCliente"), QStringLiteral("TariCodArticul")};
 }
@@ -246,9 +254,10 @@ void CheckTest::linesOfAnUnknownClientAreFaults()
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.faults(), QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: %1: %2=0000009999, %3=1: el "
-                                                      "cliente «0000009999» no existe")
-                                           .arg(table, columns[0], columns[1])});
+    QCOMPARE(run.faults(),
+             QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: %1: %2=0000009999, %3=1: el "
+                                        "cliente «0000009999» no existe")
+                             .arg(table, columns[0], columns[1])});
 }
 
 void CheckTest::aConsultationOfAnUnknownClientIsANotice()
@@ -268,9 +277,11 @@ void CheckTest::aConsultationOfAnUnknownClientIsANotice()
 void CheckTest::trailingBlanksAndCaseFindTheClient()
 {
     const DemoFolder demo;
-    addRow(demo.path(clientsFile()), QStringLiteral("ClientesTabla"), {{QStringLiteral("CliCodigo"), QStringLiteral("Ñandú")}});
+    addRow(demo.path(clientsFile()), QStringLiteral("ClientesTabla"),
+           {{QStringLiteral("CliCodigo"), QStringLiteral("Ñandú")}});
     addRow(demo.path(clientsFile()), QStringLiteral("CLIDIRENVIOS"),
-           {{QStringLiteral("CLIENVICODIGO"), QStringLiteral("ñandú ")}, {QStringLiteral("CLIENVIDIRECCION"), QStringLiteral("1")}});
+           {{QStringLiteral("CLIENVICODIGO"), QStringLiteral("ñandú ")},
+            {QStringLiteral("CLIENVIDIRECCION"), QStringLiteral("1")}});
 
     QCOMPARE(demo.check().faults(), QStringList());
 }
@@ -308,20 +319,23 @@ void CheckTest::aTextTooLongForItsColumnIsAFault()
 {
     const DemoFolder demo;
     addRow(demo.path(clientsFile()), QStringLiteral("ClientesTabla"),
-           {{QStringLiteral("CliCodigo"), QStringLiteral("LARGO")}, {QStringLiteral("CliNombre"), QString(36, u'ñ')}});
+           {{QStringLiteral("CliCodigo"), QStringLiteral("LARGO")},
+            {QStringLiteral("CliNombre"), QString(36, u'ñ')}});
 
     const ToolRun run = demo.check();
 
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.faults(), QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: ClientesTabla: "
-                                                      "CliCodigo=LARGO: CliNombre tiene 36 caracteres y caben 35")});
+    QCOMPARE(run.faults(),
+             QStringList{QStringLiteral("fallo: Empresa00012/Clientes.mdb: ClientesTabla: "
+                                        "CliCodigo=LARGO: CliNombre tiene 36 caracteres y caben 35")});
 }
 
 void CheckTest::aTextInANumberColumnIsAFault()
 {
     const DemoFolder demo;
     addRow(demo.path(clientsFile()), QStringLiteral("ClientesTabla"),
-           {{QStringLiteral("CliCodigo"), QStringLiteral("LETRAS")}, {QStringLiteral("CliPGC"), QStringLiteral("430-7")}});
+           {{QStringLiteral("CliCodigo"), QStringLiteral("LETRAS")},
+            {QStringLiteral("CliPGC"), QStringLiteral("430-7")}});
 
     const ToolRun run = demo.check();
 
@@ -334,18 +348,20 @@ void CheckTest::oddValuesAreNotices_data()
     QTest::addColumn<QString>("column");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("notice"); ///< empty: the value is in order
-    const auto row = [](const char* name, const QString& column, const QString& value, const QString& notice) {
-        QTest::newRow(name) << column << value << notice;
-    };
+    const auto row = [](const char* name, const QString& column, const QString& value,
+                        const QString& notice) { QTest::newRow(name) << column << value << notice; };
     const QString date = QStringLiteral("FEINICIO");
     const QString time = QStringLiteral("HOINICIO");
     const QString state = QStringLiteral("ESTADO");
-    row("a day that isn't", date, QStringLiteral("31/02/2021"), QStringLiteral("la fecha FEINICIO no se entiende: «31/02/2021»"));
-    row("another manner of date", date, QStringLiteral("1-3-21"), QStringLiteral("la fecha FEINICIO no se entiende: «1-3-21»"));
+    row("a day that isn't", date, QStringLiteral("31/02/2021"),
+        QStringLiteral("la fecha FEINICIO no se entiende: «31/02/2021»"));
+    row("another manner of date", date, QStringLiteral("1-3-21"),
+        QStringLiteral("la fecha FEINICIO no se entiende: «1-3-21»"));
     row("the mask left empty", date, QStringLiteral("  /  /"), {});
     row("no due date", date, QStringLiteral("01/01/100"), {});
     row("an empty date", date, {}, {});
-    row("an hour past the day", time, QStringLiteral("25:00:00"), QStringLiteral("la hora HOINICIO no se entiende: «25:00:00»"));
+    row("an hour past the day", time, QStringLiteral("25:00:00"),
+        QStringLiteral("la hora HOINICIO no se entiende: «25:00:00»"));
     row("an hour", time, QStringLiteral("23:59:59"), {});
     row("neither open nor closed", state, QStringLiteral("03 Dudosa"),
         QStringLiteral("el estado «03 Dudosa» no es abierto ni cerrado: la consulta no sale en el árbol"));
@@ -366,8 +382,9 @@ void CheckTest::oddValuesAreNotices()
 
     QCOMPARE(run.exitCode, 0);
     QStringList told = run.notices().filter(QStringLiteral("ORDEN=900001"));
-    told.replaceInStrings(QStringLiteral("aviso: Empresa00012/ASISTENCIAS.MDB: CONS: ORDEN=900001, CLICONSULTA=0000000001: "),
-                          QString());
+    told.replaceInStrings(
+        QStringLiteral("aviso: Empresa00012/ASISTENCIAS.MDB: CONS: ORDEN=900001, CLICONSULTA=0000000001: "),
+        QString());
     QCOMPARE(told, notice.isEmpty() ? QStringList() : QStringList{notice});
 }
 
@@ -385,7 +402,8 @@ void CheckTest::lineEndsInAValueKeepTheFindingOnOneLine()
 {
     const DemoFolder demo;
     addRow(demo.path(clientsFile()), QStringLiteral("CLIDIRENVIOS"),
-           {{QStringLiteral("CLIENVICODIGO"), QStringLiteral("A\r\nB")}, {QStringLiteral("CLIENVIDIRECCION"), QStringLiteral("1")}});
+           {{QStringLiteral("CLIENVICODIGO"), QStringLiteral("A\r\nB")},
+            {QStringLiteral("CLIENVIDIRECCION"), QStringLiteral("1")}});
 
     const ToolRun run = demo.check();
 

@@ -16,7 +16,8 @@ using tools::Findings;
 
 namespace {
 
-/// A table whose index gives whatever order the test says: what a file indexed under another order looks like.
+/// A table whose index gives whatever order the test says: what a file indexed under another order looks
+/// like.
 class ScriptedTable final : public Table
 {
 public:
@@ -24,8 +25,7 @@ public:
         : m_definition(std::move(definition))
         , m_rows(std::move(rows))
         , m_given(std::move(given))
-    {
-    }
+    {}
 
     [[nodiscard]] const TableDefinition& definition() const override { return m_definition; }
     [[nodiscard]] qint64 count() override { return static_cast<qint64>(m_rows.size()); }
@@ -46,7 +46,8 @@ public:
         for (const RowId id : ids) {
             block.rowIds.push_back(id);
             for (const int column : columns)
-                block.cells.push_back(m_rows.at(static_cast<std::size_t>(id)).at(static_cast<std::size_t>(column)));
+                block.cells.push_back(
+                    m_rows.at(static_cast<std::size_t>(id)).at(static_cast<std::size_t>(column)));
         }
     }
     RowId insert(const Row&) override { return 0; }
@@ -125,24 +126,27 @@ private Q_SLOTS:
     void anIndexThatIsNotUniqueIsAFault();
 
 private:
-    [[nodiscard]] QStringList schemaFindings(const stores::StoreSchema& schema, const QList<TableDefinition>& tables);
+    [[nodiscard]] QStringList schemaFindings(const stores::StoreSchema& schema,
+                                             const QList<TableDefinition>& tables);
 
     QTemporaryDir m_folder;
     int m_files = 0;
 };
 
-QStringList CheckStoreTest::schemaFindings(const stores::StoreSchema& schema, const QList<TableDefinition>& tables)
+QStringList CheckStoreTest::schemaFindings(const stores::StoreSchema& schema,
+                                           const QList<TableDefinition>& tables)
 {
     const auto store = sqliteEngine()->create(m_folder.filePath(QStringLiteral("%1.mdb").arg(++m_files)), {});
     for (const TableDefinition& table : tables)
         store->createTable(table);
-    return findingsOf([&](Findings& findings) { tools::checkSchema(*store, schema, QStringLiteral("S"), findings); });
+    return findingsOf(
+        [&](Findings& findings) { tools::checkSchema(*store, schema, QStringLiteral("S"), findings); });
 }
 
 void CheckStoreTest::anIndexInSpanishOrderIsSound()
 {
-    const QList<Value> values{text(u"Cuenca"), text(u"Chacón"), text(u"Dos"), text(u"Luz"), text(u"Llorens"),
-                              text(u"Nube"),   text(u"Ñíguez"), text(u"Ojo")};
+    const QList<Value> values{text(u"Cuenca"),  text(u"Chacón"), text(u"Dos"),    text(u"Luz"),
+                              text(u"Llorens"), text(u"Nube"),   text(u"Ñíguez"), text(u"Ojo")};
 
     QCOMPARE(indexFindings(values, {0, 1, 2, 3, 4, 5, 6, 7}), QStringList());
 }
@@ -152,8 +156,9 @@ void CheckStoreTest::aRowOutOfOrderIsAFault()
     // As a general order would have it: ch within c.
     const QList<Value> values{text(u"Chacón"), text(u"Cuenca")};
 
-    QCOMPARE(indexFindings(values, {0, 1}),
-             QStringList{text(u"fallo: Z: ZONATAB: ZONCODIGO=Cuenca: fuera de orden en el índice ZONASINDICE")});
+    QCOMPARE(
+        indexFindings(values, {0, 1}),
+        QStringList{text(u"fallo: Z: ZONATAB: ZONCODIGO=Cuenca: fuera de orden en el índice ZONASINDICE")});
 }
 
 void CheckStoreTest::aKeyThatRepeatsIsAFault()
@@ -169,8 +174,9 @@ void CheckStoreTest::keysThatDifferInCaseRepeat()
 
 void CheckStoreTest::aNullInThePrimaryKeyIsAFault()
 {
-    QCOMPARE(indexFindings({Null{}}, {0}),
-             QStringList{text(u"fallo: Z: ZONATAB: ZONCODIGO=Null: Null en la clave del índice ZONASINDICE")});
+    QCOMPARE(
+        indexFindings({Null{}}, {0}),
+        QStringList{text(u"fallo: Z: ZONATAB: ZONCODIGO=Null: Null en la clave del índice ZONASINDICE")});
 }
 
 void CheckStoreTest::anIndexThatLosesARowIsAFault()
@@ -191,7 +197,8 @@ void CheckStoreTest::everySchemaIsFoundAsCreated()
 
 void CheckStoreTest::aMissingTableIsAFault()
 {
-    QCOMPARE(schemaFindings(stores::kZonasStore, {}), QStringList{text(u"fallo: S: ZONATAB: falta la tabla")});
+    QCOMPARE(schemaFindings(stores::kZonasStore, {}),
+             QStringList{text(u"fallo: S: ZONATAB: falta la tabla")});
 }
 
 void CheckStoreTest::aMissingColumnIsAFault()
@@ -225,8 +232,9 @@ void CheckStoreTest::columnsThatAnUpgradeAddsAreNotices()
     const QStringList found = schemaFindings(stores::kClientesStore, tables);
 
     QCOMPARE(found.size(), missing);
-    QVERIFY2(found.front().startsWith(QStringLiteral("aviso: S: %1: forma antigua: falta la columna").arg(table)),
-             qUtf8Printable(found.front()));
+    QVERIFY2(
+        found.front().startsWith(QStringLiteral("aviso: S: %1: forma antigua: falta la columna").arg(table)),
+        qUtf8Printable(found.front()));
 }
 
 void CheckStoreTest::aStoreWithoutPricesIsAnOldShape()
@@ -250,7 +258,8 @@ void CheckStoreTest::aColumnOfAnotherSizeIsAFault()
     table.columns[1].size = 20;
 
     QCOMPARE(schemaFindings(stores::kZonasStore, {table}),
-             QStringList{text(u"fallo: S: ZONATAB: la columna ZONDESCRIPCION es texto de 20 y debe ser texto de 35")});
+             QStringList{text(
+                 u"fallo: S: ZONATAB: la columna ZONDESCRIPCION es texto de 20 y debe ser texto de 35")});
 }
 
 void CheckStoreTest::aColumnOutOfItsPlaceIsAFault()

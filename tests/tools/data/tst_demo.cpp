@@ -83,17 +83,22 @@ void DemoTest::badCallsAreRefusedInOneLine_data()
     row("unknown command", {QStringLiteral("borra")}, QStringLiteral("orden desconocida «borra»"));
     row("demo without a folder", {demo}, QStringLiteral("falta la carpeta"));
     row("two folders", {demo, folder, folder}, QStringLiteral("sobra el argumento"));
-    row("unknown option", {demo, folder, QStringLiteral("--color")}, QStringLiteral("opción desconocida «--color»"));
-    row("size without a value", {demo, folder, QStringLiteral("--size")}, QStringLiteral("falta el valor de --size"));
-    row("size of nothing", {demo, folder, QStringLiteral("--size=0")}, QStringLiteral("--size quiere un número"));
+    row("unknown option", {demo, folder, QStringLiteral("--color")},
+        QStringLiteral("opción desconocida «--color»"));
+    row("size without a value", {demo, folder, QStringLiteral("--size")},
+        QStringLiteral("falta el valor de --size"));
+    row("size of nothing", {demo, folder, QStringLiteral("--size=0")},
+        QStringLiteral("--size quiere un número"));
     row("size in words", {demo, folder, QStringLiteral("--size"), QStringLiteral("mil")},
         QStringLiteral("--size quiere un número"));
     row("size past the limit", {demo, folder, QStringLiteral("--size=1000001")},
         QStringLiteral("--size quiere un número"));
-    row("seed below zero", {demo, folder, QStringLiteral("--seed=-1")}, QStringLiteral("--seed quiere un número"));
+    row("seed below zero", {demo, folder, QStringLiteral("--seed=-1")},
+        QStringLiteral("--seed quiere un número"));
     row("check without a folder", {check}, QStringLiteral("falta la carpeta"));
     row("check of two folders", {check, folder, folder}, QStringLiteral("sobra el argumento"));
-    row("check with an option", {check, QStringLiteral("--fix")}, QStringLiteral("opción desconocida «--fix»"));
+    row("check with an option", {check, QStringLiteral("--fix")},
+        QStringLiteral("opción desconocida «--fix»"));
     row("check of no folder", {check, folder}, QStringLiteral("no existe la carpeta"));
 }
 
@@ -171,8 +176,10 @@ void DemoTest::threeCompaniesHaveAllTheirStores()
     QStringList names = demo.stores().keys();
     names.removeIf([](const QString& name) { return name.endsWith(u".rpt"); });
 
-    QStringList expected{QStringLiteral("Empresas de Quenda.mdb"), QStringLiteral("TELEFONOS DE CLIENTES.MDB")};
-    for (const QString& company : {QStringLiteral("00001"), QStringLiteral("00012"), QStringLiteral("00027")}) {
+    QStringList expected{QStringLiteral("Empresas de Quenda.mdb"),
+                         QStringLiteral("TELEFONOS DE CLIENTES.MDB")};
+    for (const QString& company :
+         {QStringLiteral("00001"), QStringLiteral("00012"), QStringLiteral("00027")}) {
         for (const QString& file :
              {QStringLiteral("ARTICULOS.MDB"), QStringLiteral("Clientes.mdb"), QStringLiteral("ZONAS.MDB"),
               QStringLiteral("TIPOS DE CLIENTES.MDB"), QStringLiteral("ASISTENCIAS.MDB")})
@@ -187,9 +194,11 @@ void DemoTest::theSizeIsTheNumberOfClientsOfTheMainCompany()
 {
     const DemoFolder demo;
 
-    QCOMPARE(rowsOf(demo.path(QStringLiteral("Empresa00012/Clientes.mdb")), QStringLiteral("ClientesTabla")), 20);
+    QCOMPARE(rowsOf(demo.path(QStringLiteral("Empresa00012/Clientes.mdb")), QStringLiteral("ClientesTabla")),
+             20);
     QVERIFY(rowsOf(demo.path(QStringLiteral("Empresa00012/ASISTENCIAS.MDB")), QStringLiteral("CONS")) > 20);
-    QVERIFY(rowsOf(demo.path(QStringLiteral("Empresa00001/Clientes.mdb")), QStringLiteral("ClientesTabla")) > 20);
+    QVERIFY(rowsOf(demo.path(QStringLiteral("Empresa00001/Clientes.mdb")), QStringLiteral("ClientesTabla")) >
+            20);
 }
 
 void DemoTest::theSameSeedGivesTheSameBytes()
@@ -209,7 +218,8 @@ void DemoTest::anotherSeedGivesOtherClients()
 {
     const DemoFolder demo; // seed 1
     const QTemporaryDir folder;
-    QCOMPARE(runTool({QStringLiteral("demo"), folder.path(), QStringLiteral("--size=20"), QStringLiteral("--seed=2")})
+    QCOMPARE(runTool({QStringLiteral("demo"), folder.path(), QStringLiteral("--size=20"),
+                      QStringLiteral("--seed=2")})
                  .exitCode,
              0);
 

@@ -152,7 +152,8 @@ void DemoClientTest::thereAreManyTowns()
 {
     QSet<QString> names;
     for (const Town& town : towns()) {
-        QVERIFY2(town.firstPostalCode >= 1000 && town.lastPostalCode < 53000, qUtf8Printable(town.name.toString()));
+        QVERIFY2(town.firstPostalCode >= 1000 && town.lastPostalCode < 53000,
+                 qUtf8Printable(town.name.toString()));
         QVERIFY(town.firstPostalCode <= town.lastPostalCode);
         QCOMPARE(town.firstPostalCode / 1000, town.lastPostalCode / 1000);
         names.insert(town.name.toString());
@@ -178,7 +179,8 @@ void DemoClientTest::orderIsPutToTheTestByNames()
     for (const QStringView name : surnames())
         words.insert(name.toString());
 
-    for (const QString& name : {QStringLiteral("Llorens"), QStringLiteral("Chacón"), QStringLiteral("Ñíguez")})
+    for (const QString& name :
+         {QStringLiteral("Llorens"), QStringLiteral("Chacón"), QStringLiteral("Ñíguez")})
         QVERIFY2(words.contains(name), qUtf8Printable(name));
 }
 

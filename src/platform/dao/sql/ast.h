@@ -87,7 +87,8 @@ struct Call
 
 struct Expression
 {
-    std::variant<ColumnRef, TextLiteral, NumberLiteral, NullLiteral, Binary, Not, Negate, IsNullTest, Call> node;
+    std::variant<ColumnRef, TextLiteral, NumberLiteral, NullLiteral, Binary, Not, Negate, IsNullTest, Call>
+        node;
 };
 
 /// `*` or `table.*`.

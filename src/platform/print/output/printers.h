@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The printers of the system and the one that the program has chosen for this run. The system's own default is
-// read once and never touched.
+// The printers of the system and the one that the program has chosen for this run. The system's own default
+// is read once and never touched.
 
 #include <QList>
 #include <QString>
