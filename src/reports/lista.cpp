@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/lista.h"
 
+#include "lookup/logo.h"
 #include "platform/core/regime.h"
 #include "platform/system/clock.h"
 #include "platform/text/textfunctions.h"
@@ -10,7 +11,6 @@
 #include "shell/globalsat.h"
 #include "ui_lista.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 #include <QShortcut>
 
@@ -25,7 +25,6 @@ namespace {
 
 constexpr int kMostCopies = 20;
 constexpr int kMonths = 12;
-constexpr int kPicturePixels = 32;
 
 /// The one report window of the program, while it is loaded.
 QPointer<LISTA> present;
@@ -38,13 +37,6 @@ LISTA* loadedWindow(QWidget* parent)
         QObject::connect(present, &LISTA::unloaded, present, [] { present.clear(); });
     }
     return present;
-}
-
-QString versionHint()
-{
-    const QStringList version = QCoreApplication::applicationVersion().split(u'.');
-    return u"Quenda.- Ver."_s + version.value(0) + u"."_s + version.value(1) + u" Build "_s +
-           version.value(2);
 }
 
 } // namespace
@@ -63,7 +55,7 @@ LISTA::LISTA(QWidget* parent)
     ui->SSListBar1->addItem(u"CUATRO"_s, u"&Salir"_s, icon(Icon::Quit));
     // The buttons bear the same letters, and they are the ones in sight of the field that has the focus.
     ui->SSListBar1->setAltKeys(false);
-    ui->imgwl->setPixmap(icon(Icon::Report).pixmap(kPicturePixels, kPicturePixels));
+    showPicture(*ui->imgwl, Icon::Report);
     connectEvents();
 }
 
