@@ -9,6 +9,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
+#include <QRegularExpression>
 #include <QTextStream>
 
 #include <optional>
@@ -24,16 +26,45 @@ struct Command
 {
     QString name;
     QString file;
-    QString data; ///< folder of the company's stores
-    QString output;
+    QString data;    ///< data root
+    QString company; ///< number of the company whose stores are read
+    QString pdf;
+    QString csv;
     QStringList formulas; ///< NAME=TEXT
-    std::optional<QString> selection;
+    std::optional<QString> where;
 };
 
 constexpr char kUsage[] =
-    "orvane-informe check FICHERO [--data CARPETA]\n"
-    "orvane-informe render FICHERO --data CARPETA --output SALIDA.pdf|.csv [--select FORMULA]\n"
-    "               [--formula NOMBRE=TEXTO]...\n";
+    "orvane-informe check FICHERO [--data RAÍZ --company NÚMERO]\n"
+    "    examina el informe y dice cada falta en una línea; con la raíz de datos, también sus columnas\n"
+    "orvane-informe render FICHERO --data RAÍZ --company NÚMERO (--pdf SALIDA | --csv SALIDA)\n"
+    "               [--where FÓRMULA] [--formula NOMBRE=TEXTO]...\n"
+    "    escribe el informe con los datos de la empresa\n"
+    "orvane-informe fields FICHERO\n"
+    "    lista las tablas, columnas y fórmulas que el informe nombra\n"
+    "orvane-informe --help\n";
+
+/// The option's place in the command; null for an unknown option.
+QString* optionOf(Command& command, const QString& option)
+{
+    if (option == u"--data")
+        return &command.data;
+    if (option == u"--company")
+        return &command.company;
+    if (option == u"--pdf")
+        return &command.pdf;
+    return option == u"--csv" ? &command.csv : nullptr;
+}
+
+bool isComplete(const Command& command)
+{
+    if (command.name == u"fields")
+        return true;
+    const bool hasData = !command.data.isEmpty() && !command.company.isEmpty();
+    if (command.name == u"check")
+        return hasData || command.data.isEmpty();
+    return command.name == u"render" && hasData && command.pdf.isEmpty() != command.csv.isEmpty();
+}
 
 std::optional<Command> parseArguments(const QStringList& arguments)
 {
@@ -46,20 +77,16 @@ std::optional<Command> parseArguments(const QStringList& arguments)
         if (i + 1 >= arguments.size())
             return std::nullopt;
         const QString& value = arguments[i + 1];
-        if (arguments[i] == u"--data")
-            command.data = value;
-        else if (arguments[i] == u"--output")
-            command.output = value;
-        else if (arguments[i] == u"--select")
-            command.selection = value;
+        if (QString* place = optionOf(command, arguments[i]))
+            *place = value;
+        else if (arguments[i] == u"--where")
+            command.where = value;
         else if (arguments[i] == u"--formula" && value.contains(u'='))
             command.formulas += value;
         else
             return std::nullopt;
     }
-    const bool complete = command.name == u"check" ||
-                          (command.name == u"render" && !command.data.isEmpty() && !command.output.isEmpty());
-    return complete ? std::optional(command) : std::nullopt;
+    return isComplete(command) ? std::optional(command) : std::nullopt;
 }
 
 std::unique_ptr<Report> readFile(const Command& command, QTextStream& err)
@@ -75,10 +102,10 @@ std::unique_ptr<Report> readFile(const Command& command, QTextStream& err)
     return read.report ? std::make_unique<Report>(std::move(*read.report)) : nullptr;
 }
 
-/// A table lies in the data folder if its file is there, in the folder above, or else beside the report.
+/// A table lies in the company's folder if its file is there, in the data root, or else beside the report.
 QString locate(const Command& command, const QString& name)
 {
-    for (const QString& folder : {command.data, command.data + u"/.."_s}) {
+    for (const QString& folder : {command.data + u"/Empresa"_s + command.company, command.data}) {
         const QString path = nativePath(folder + u'/' + name);
         if (QFileInfo::exists(path))
             return path;
@@ -131,8 +158,8 @@ int render(const Command& command, QTextStream& out, QTextStream& err)
     std::unique_ptr<Report> report = readFile(command, err);
     if (!report)
         return 1;
-    if (command.selection)
-        report->selection = formula::Formula(*command.selection);
+    if (command.where)
+        report->selection = formula::Formula(*command.where);
     for (const QString& entry : command.formulas) {
         FormulaField* field = report->formulaField(entry.section(u'=', 0, 0));
         if (field == nullptr) {
@@ -146,12 +173,13 @@ int render(const Command& command, QTextStream& out, QTextStream& err)
     const std::vector<TablePaths> inner = subreportPaths(command, *report, paths);
     Document document(std::move(report), QFileInfo(command.file).absolutePath(), platform::now());
     document.start(paths, inner);
-    const bool records = command.output.endsWith(u".csv"_s, Qt::CaseInsensitive);
-    if (records ? !writeCsv(document, command.output) : !writePdf(document, command.output, title)) {
-        err << u"no se puede escribir «"_s << command.output << u"»\n"_s;
+    const bool records = !command.csv.isEmpty();
+    const QString output = records ? command.csv : command.pdf;
+    if (records ? !writeCsv(document, output) : !writePdf(document, output, title)) {
+        err << u"no se puede escribir «"_s << output << u"»\n"_s;
         return 1;
     }
-    out << command.output << u": "_s << document.recordCount() << u" registros"_s;
+    out << output << u": "_s << document.recordCount() << u" registros"_s;
     if (!records)
         out << u", "_s << document.pageCount() << u" páginas"_s;
     out << u'\n';
@@ -160,17 +188,53 @@ int render(const Command& command, QTextStream& out, QTextStream& err)
     return 0;
 }
 
+/// What stands in braces anywhere in the file's formulas and texts, each once, without regard to case.
+QStringList namesInBraces(const QByteArray& file)
+{
+    static const QRegularExpression braces(u"(?<!\\{)\\{([^{}\\n]+)\\}"_s);
+    QMap<QString, QString> names;
+    for (const QRegularExpressionMatch& match : braces.globalMatch(QString::fromUtf8(file)))
+        names.insert(match.captured(1).toCaseFolded(), match.captured(1));
+    return names.values();
+}
+
+int fields(const Command& command, QTextStream& out, QTextStream& err)
+{
+    const std::unique_ptr<Report> report = readFile(command, err);
+    if (!report)
+        return 1;
+    for (const Table& table : report->tables)
+        out << u"tabla "_s << table.alias << u": "_s << table.file << u'\n';
+    QFile file(command.file);
+    if (!file.open(QIODevice::ReadOnly))
+        return 1;
+    for (const QString& name : namesInBraces(file.readAll()))
+        out << (name.startsWith(u'@') ? u"fórmula "_s : u"columna "_s) << name << u'\n';
+    return 0;
+}
+
+int run(const Command& command, QTextStream& out, QTextStream& err)
+{
+    if (command.name == u"check")
+        return check(command, out, err);
+    return command.name == u"fields" ? fields(command, out, err) : render(command, out, err);
+}
+
 } // namespace
 
 int runReportTool(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
+    if (arguments.size() == 1 && arguments.first() == u"--help") {
+        out << QString::fromUtf8(kUsage);
+        return 0;
+    }
     const std::optional<Command> command = parseArguments(arguments);
     if (!command) {
         err << QString::fromUtf8(kUsage);
         return 2;
     }
     try {
-        return command->name == u"check" ? check(*command, out, err) : render(*command, out, err);
+        return run(*command, out, err);
     } catch (const Problem& problem) {
         err << QFileInfo(command->file).fileName() << u": "_s << problem.text() << u'\n';
         return 1;

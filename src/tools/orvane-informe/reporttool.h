@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The report tool's commands: `check` tells every fault of a definition, `render` makes a PDF or CSV of it.
+// The report tool's commands: `check` tells every fault of a definition, `render` makes a PDF or CSV of it,
+// `fields` lists what it reads.
 
 #include <QStringList>
 

@@ -25,6 +25,10 @@ private Q_SLOTS:
     void cleanupTestCase();
     void everyShippedReportIsCorrect_data();
     void everyShippedReportIsCorrect();
+    void toolListsWhatAReportReads();
+    void toolRefusesAWrongCommandLine_data();
+    void toolRefusesAWrongCommandLine();
+    void toolHelpsOnRequest();
     void maintenanceNoteForEachClientInTheOrderOfTheRoad();
     void maintenanceNoteLeavesEndedConceptsOut();
     void maintenanceNoteHidesPricesOnRequest();
@@ -38,7 +42,6 @@ private Q_SLOTS:
     void clientsByTypeHaveSubtotals();
     void reportWithEveryElementPrints();
     void toolTellsTheFaultsOfAFile();
-    void toolRefusesAWrongCommandLine();
 
 private:
     /// Text of the report made by the tool, "|" between pages, runs of blanks as one.
@@ -160,8 +163,8 @@ int ShippedTest::runTool(const QStringList& arguments)
 QString ShippedTest::rendered(const QString& report, const QStringList& more)
 {
     const QString file = m_root.filePath(u"salida.pdf"_s);
-    if (runTool(QStringList{u"render"_s, report, u"--data"_s, m_root.filePath(u"Empresa00012"_s),
-                            u"--output"_s, file} +
+    if (runTool(QStringList{u"render"_s, report, u"--data"_s, m_root.path(), u"--company"_s, u"00012"_s,
+                            u"--pdf"_s, file} +
                 more) != 0)
         return m_err;
     QProcess text;
@@ -181,8 +184,44 @@ void ShippedTest::everyShippedReportIsCorrect()
 {
     QFETCH(const QString, name);
 
-    QCOMPARE(runTool({u"check"_s, reportPath(name), u"--data"_s, m_root.filePath(u"Empresa00012"_s)}), 0);
+    QCOMPARE(runTool({u"check"_s, reportPath(name), u"--data"_s, m_root.path(), u"--company"_s, u"00012"_s}),
+             0);
     QVERIFY2(m_err.isEmpty(), qPrintable(m_err));
+}
+
+void ShippedTest::toolListsWhatAReportReads()
+{
+    QCOMPARE(runTool({u"fields"_s, reportPath(u"clientes.rpt"_s)}), 0);
+
+    QVERIFY2(m_out.contains(u"tabla ClientesTabla: CLIENTES.MDB\n"_s), qPrintable(m_out));
+    QCOMPARE(m_out.count(u"columna ClientesTabla.CliCodigo\n"_s), 1);
+}
+
+void ShippedTest::toolRefusesAWrongCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("nothing") << QStringList{};
+    QTest::newRow("no file") << QStringList{u"check"_s};
+    QTest::newRow("unknown command") << QStringList{u"print"_s, u"a.rpt"_s};
+    QTest::newRow("unknown option") << QStringList{u"check"_s, u"a.rpt"_s, u"--all"_s, u"x"_s};
+    QTest::newRow("option without value") << QStringList{u"check"_s, u"a.rpt"_s, u"--data"_s};
+    QTest::newRow("data without company") << QStringList{u"check"_s, u"a.rpt"_s, u"--data"_s, u"."_s};
+    QTest::newRow("render without output")
+        << QStringList{u"render"_s, u"a.rpt"_s, u"--data"_s, u"."_s, u"--company"_s, u"1"_s};
+}
+
+void ShippedTest::toolRefusesAWrongCommandLine()
+{
+    QFETCH(const QStringList, arguments);
+
+    QCOMPARE(runTool(arguments), 2);
+    QVERIFY(m_err.startsWith(u"orvane-informe check FICHERO"_s));
+}
+
+void ShippedTest::toolHelpsOnRequest()
+{
+    QCOMPARE(runTool({u"--help"_s}), 0);
+    QVERIFY(m_out.contains(u"--where FÓRMULA"_s));
 }
 
 void ShippedTest::maintenanceNoteForEachClientInTheOrderOfTheRoad()
@@ -230,14 +269,14 @@ void ShippedTest::maintenanceNoteTakesTheCompanyOfItsFolder()
 void ShippedTest::notesForZonesWithoutClientsSayIt()
 {
     QVERIFY(rendered(reportPath(u"conservacion.rpt"_s),
-                     {u"--select"_s, u"{ClientesTabla.ZonaCodigo} in '5' to '6'"_s})
+                     {u"--where"_s, u"{ClientesTabla.ZonaCodigo} in '5' to '6'"_s})
                 .contains(u"No hay clientes con conceptos en vigor en las zonas elegidas."_s));
 }
 
 void ShippedTest::summaryTakesTheMonthOfEveryYear()
 {
     const QString text =
-        rendered(reportPath(u"consultatec.rpt"_s), {u"--select"_s, u"Mid ({CONS.FEINICIO},4,2) = \"03\""_s});
+        rendered(reportPath(u"consultatec.rpt"_s), {u"--where"_s, u"Mid ({CONS.FEINICIO},4,2) = \"03\""_s});
     QCOMPARE(text.count(u'|'), 2);
     QVERIFY(text.indexOf(u"Marzo de 2024"_s) < text.indexOf(u"Marzo de 2019"_s));
     QVERIFY(text.contains(u"(cliente sin ficha)"_s));
@@ -251,7 +290,7 @@ void ShippedTest::summaryTakesTheMonthOfEveryYear()
 void ShippedTest::summaryTellsStatesApart()
 {
     const QString text =
-        rendered(reportPath(u"consultatec.rpt"_s), {u"--select"_s, u"{@AnyMes} = \"202403\""_s});
+        rendered(reportPath(u"consultatec.rpt"_s), {u"--where"_s, u"{@AnyMes} = \"202403\""_s});
     QVERIFY2(text.contains(u"2 1 1 0 1 3,0"_s), qPrintable(text));
     QVERIFY2(text.contains(u"Íñigo 1 1 0 2 100,0"_s), qPrintable(text));
     QVERIFY2(text.contains(u"Consultas: 2 (abiertas: 1)"_s), qPrintable(text));
@@ -295,12 +334,6 @@ void ShippedTest::toolTellsTheFaultsOfAFile()
     QCOMPARE(runTool({u"check"_s, file.fileName()}), 1);
     QVERIFY(m_err.contains(u"malo.rpt:2:3: falta el atributo «alias» en «tabla»\n"_s));
     QVERIFY(m_err.contains(u"malo.rpt:2:3: falta el atributo «fichero» en «tabla»\n"_s));
-}
-
-void ShippedTest::toolRefusesAWrongCommandLine()
-{
-    QCOMPARE(runTool({u"render"_s, u"x.rpt"_s}), 2);
-    QCOMPARE(runTool({}), 2);
 }
 
 QTEST_MAIN(ShippedTest)
