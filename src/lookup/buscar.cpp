@@ -164,11 +164,10 @@ void BUSCAREJILLA(FlexGrid& busi, const QString& texto, std::uint8_t columna)
             attempt([&] { busi.setRow(INDICELETRAS.at(codigo)); });
         limite = siguiente;
     }
-    const QString buscado = platform::UCase(texto);
     for (int fila = busi.row(); fila <= limite; ++fila) {
         // A row that the grid doesn't have fails the test, which ends the walk with the grid where it was.
-        const bool coincide = holds(
-            [&] { return platform::UCase(busi.textMatrix(fila, columna).left(texto.size())) == buscado; });
+        const bool coincide =
+            holds([&] { return platform::beginsIgnoringCase(busi.textMatrix(fila, columna), texto); });
         if (!coincide)
             continue;
         attempt([&] { busi.setTopRow(fila); });

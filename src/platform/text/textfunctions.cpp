@@ -102,6 +102,14 @@ QString UCase(QStringView text)
     return result;
 }
 
+bool beginsIgnoringCase(QStringView text, QStringView beginning) noexcept
+{
+    return text.size() >= beginning.size() &&
+           std::equal(beginning.cbegin(), beginning.cend(), text.cbegin(), [](QChar one, QChar other) {
+               return one == other || upperCase(one) == upperCase(other);
+           });
+}
+
 int Asc(QStringView text)
 {
     if (text.isEmpty())

@@ -56,6 +56,8 @@ namespace platform {
 
 /// Upper case, one unit for one. A character of Windows-1252 whose capital isn't there stays (ß, µ, ƒ).
 [[nodiscard]] QString UCase(QStringView text);
+/// True when `text` begins with `beginning`, both in upper case. Allocates nothing.
+[[nodiscard]] bool beginsIgnoringCase(QStringView text, QStringView beginning) noexcept;
 
 /// Windows-1252 code, 1 to 255, of the first character. "" fails with 5; a character without a code there
 /// fails with 9.

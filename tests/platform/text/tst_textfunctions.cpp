@@ -33,6 +33,8 @@ private Q_SLOTS:
     void stringOfNegativeLengthFails();
     void uCaseStaysInsideTheRepertoire_data();
     void uCaseStaysInsideTheRepertoire();
+    void beginningIgnoresCaseAndNothingElse_data();
+    void beginningIgnoresCaseAndNothingElse();
     void ascGivesTheWindows1252Code_data();
     void ascGivesTheWindows1252Code();
     void ascOfEmptyTextFails();
@@ -199,6 +201,26 @@ void TextFunctionsTest::uCaseStaysInsideTheRepertoire()
     QFETCH(QString, text);
     QFETCH(QString, upper);
     QCOMPARE(UCase(text), upper);
+}
+
+void TextFunctionsTest::beginningIgnoresCaseAndNothingElse_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("beginning");
+    QTest::addColumn<bool>("begins");
+    QTest::newRow("another case") << u"Ñíguez"_s << u"ñÍG"_s << true;
+    QTest::newRow("the whole text") << u"Chacón"_s << u"CHACÓN"_s << true;
+    QTest::newRow("an accent tells apart") << u"Chacón"_s << u"chaco"_s << false;
+    QTest::newRow("longer than the text") << u"Ch"_s << u"Cha"_s << false;
+    QTest::newRow("nothing begins all") << u"Ch"_s << u""_s << true;
+    QTest::newRow("nothing begins nothing") << u""_s << u""_s << true;
+}
+
+void TextFunctionsTest::beginningIgnoresCaseAndNothingElse()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, beginning);
+    QTEST(beginsIgnoringCase(text, beginning), "begins");
 }
 
 void TextFunctionsTest::ascGivesTheWindows1252Code_data()
