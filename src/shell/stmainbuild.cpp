@@ -8,6 +8,7 @@
 #include "ui_stmain.h"
 
 #include <QLabel>
+#include <QPalette>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +40,11 @@ platform::ComboList* STMAIN::addCombo(const QString& name, const QString& label,
     combo->setToolTip(hint);
     combo->setAccessibleName(hint);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // Disabled from the start on, but what they show is to be read.
+    QPalette palette = combo->palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    combo->setPalette(palette);
     caption->setBuddy(combo);
     caption->setContentsMargins(kCaptionMargin, 0, kCaptionMargin, 0);
     ui->barrasup->addWidget(caption);
