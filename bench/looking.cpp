@@ -164,7 +164,7 @@ KeyTimes lookupKeyTimes()
     for (int i = 0; i < kKeys; ++i) {
         if (i % 4 == 0)
             box->setText({});
-        const QString letter = letters.mid((i * 7) % letters.size(), 1);
+        const QString letter = letters.mid(qsizetype{i} * 7 % letters.size(), 1);
         keys.push_back(milliseconds([&] {
             press(box, letter.at(0).toUpper().unicode(), letter);
             grid->viewport()->repaint();
