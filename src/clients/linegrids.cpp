@@ -15,7 +15,6 @@
 using namespace Qt::StringLiterals;
 using platform::attempt;
 using platform::FlexGrid;
-using platform::holds;
 
 namespace {
 
