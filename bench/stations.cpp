@@ -50,7 +50,7 @@ Load work(const QString& name, int seconds, Save&& save, Read&& read)
     Load load;
     QElapsedTimer running;
     running.start();
-    while (running.elapsed() < seconds * 1000) {
+    while (running.elapsed() < qint64{seconds} * 1000) {
         const QString key = keyOf(name, load.rows + 1);
         QElapsedTimer step;
         step.start();
