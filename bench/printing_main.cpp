@@ -130,7 +130,7 @@ int printMemory(const QString& kind, const QString& folder)
 
 void measureMemory(const QString& store, const QString& folder)
 {
-    const QStringList fixed = bench::printedColumns();
+    const QStringList& fixed = bench::printedColumns();
     const QStringList memo = fixed + QStringList{QString::fromLatin1(bench::kMemoColumn)};
     const auto allowed = [&store](const QStringList& columns) {
         return 3 * static_cast<double>(bench::columnBytes(store, columns)) / kMegabyte + kFreeMegabytes;

@@ -116,7 +116,7 @@ QByteArray detail(bool memo)
 
 QString printStore(const QString& folder)
 {
-    const QString path = folder + u"/ASISTENCIAS.MDB"_s;
+    QString path = folder + u"/ASISTENCIAS.MDB"_s;
     if (QFileInfo::exists(path))
         return path;
     const std::unique_ptr<storage::Connection> connection = storage::sqliteEngine()->create(path, {});
