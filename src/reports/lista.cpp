@@ -191,7 +191,12 @@ void LISTA::itemChosen(const QString& key)
 
 void MuestraLISTAModal(QWidget* parent)
 {
-    loadedWindow(parent)->showModal();
+    LISTA* window = loadedWindow(parent);
+    if (window->isVisible()) {
+        window->raise();
+        window->activateWindow();
+    }
+    window->showModal();
 }
 
 void MuestraLISTA(QWidget* parent)

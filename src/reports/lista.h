@@ -96,7 +96,7 @@ private:
 };
 
 /// Shows the report window for the request set in the program-wide variables and returns when it is unloaded.
-/// While it is already up it fails with 400 and stays as it is.
+/// While it is already up it comes to the front as it is, and the call fails with 400.
 void MuestraLISTAModal(QWidget* parent);
 /// The same without waiting; a window that is already up comes to the front.
 void MuestraLISTA(QWidget* parent);
