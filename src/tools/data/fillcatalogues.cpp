@@ -5,6 +5,7 @@
 #include "tools/data/bulktable.h"
 
 #include <QDate>
+#include <cmath>
 
 namespace tools {
 
@@ -25,7 +26,7 @@ Value flag(bool set)
 
 double cents(double amount)
 {
-    return static_cast<double>(static_cast<qint64>(amount * 100.0 + 0.5)) / 100.0;
+    return static_cast<double>(std::llround(amount * 100.0)) / 100.0;
 }
 
 /// Columns of work and contracts, which have no stock and may be billed by themselves.
