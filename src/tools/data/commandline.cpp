@@ -74,8 +74,7 @@ std::uint64_t seedOf(const QString& text)
 /// The folder of the report files that came with the program: beside an installed one, or the source's.
 QString reportsFolder()
 {
-    const QString installed =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/orvane/reports");
+    QString installed = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/orvane/reports");
     if (QDir(installed).exists())
         return installed;
     const QString source = QStringLiteral(ORVANE_REPORTS_DIR);

@@ -5,6 +5,7 @@
 #include "tools/data/bulktable.h"
 
 #include <QDate>
+
 #include <cmath>
 
 namespace tools {
