@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 using platform::After;
 using platform::attempt;
 using platform::holds;
-using platform::dao::Database;
 using platform::dao::DBEngine;
 using platform::dao::Recordset;
 using platform::dao::TableDef;
