@@ -112,7 +112,7 @@ QByteArray DamagedFile::bytes() const
     QFile file(m_kept);
     if (!file.open(QIODevice::ReadOnly))
         throw Failure(kCannotOpenFile, m_kept);
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw Failure(kDiskOrNetworkError, m_kept);
     return bytes;
