@@ -57,7 +57,13 @@ void STMAIN::DEUNAEMPRESA()
             attempt([&] { m_companies->removeItem(CONTADOR); });
     }
     attempt([] { RSEMPRESAS.MoveFirst(); });
-    if (holds([] { return RSEMPRESAS.EOF_() && RSEMPRESAS.BOF(); }))
+    // Both flags are read, whatever the first one says: either may fail.
+    const auto isEmpty = [] {
+        const bool atEnd = RSEMPRESAS.EOF_();
+        const bool atBeginning = RSEMPRESAS.BOF();
+        return atEnd && atBeginning;
+    };
+    if (holds(isEmpty))
         return;
     attempt([] { RSEMPRESAS.MoveFirst(); });
     fillCompanies();
