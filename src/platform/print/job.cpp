@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace platform::print {
 namespace {
 
-constexpr qint64 kMaxReportBytes = 16 * 1024 * 1024;
+constexpr qint64 kMaxReportBytes = qint64{16} * 1024 * 1024;
 
 std::unique_ptr<Report> readDefinition(const QString& path)
 {
@@ -25,6 +25,12 @@ std::unique_ptr<Report> readDefinition(const QString& path)
     if (!read.report)
         throw Problem(kReportRefused, describe(QFileInfo(path).fileName(), read.faults.front()));
     return std::make_unique<Report>(std::move(*read.report));
+}
+
+/// Where the tables' places of a report stand in `m_locations`: the main report, -1, first.
+std::size_t place(int subreport) noexcept
+{
+    return static_cast<std::size_t>(subreport) + 1;
 }
 
 } // namespace
@@ -53,7 +59,7 @@ Report& Job::report(int subreport)
 
 QString Job::tablePath(int subreport, int table) const
 {
-    const QString set = m_locations[static_cast<std::size_t>(subreport + 1)][table];
+    const QString& set = m_locations[place(subreport)][table];
     if (!set.isEmpty())
         return set;
     const Report& owner =
@@ -69,13 +75,13 @@ QString Job::tablePath(int subreport, int table) const
 
 void Job::setTablePath(int subreport, int table, const QString& nativePath)
 {
-    m_locations[static_cast<std::size_t>(subreport + 1)][table] = nativePath;
+    m_locations[place(subreport)][table] = nativePath;
 }
 
 TablePaths Job::paths(int subreport) const
 {
     TablePaths paths;
-    for (int table = 0; table < m_locations[static_cast<std::size_t>(subreport + 1)].size(); ++table)
+    for (int table = 0; table < m_locations[place(subreport)].size(); ++table)
         paths += tablePath(subreport, table);
     return paths;
 }
@@ -91,6 +97,7 @@ void Job::start(const QDateTime& moment, bool wait)
     // The run binds formulas in place, so it gets a report of its own.
     auto document = std::make_shared<Document>(std::make_unique<Report>(*m_report), m_folder, moment);
     std::vector<TablePaths> subreports;
+    subreports.reserve(m_report->subreports.size());
     for (int i = 0; i < static_cast<int>(m_report->subreports.size()); ++i)
         subreports.push_back(paths(i));
     document->start(paths(-1), subreports);

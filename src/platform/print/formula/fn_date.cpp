@@ -100,12 +100,14 @@ int secondOf(const Call& call)
 
 Value hour(Call& call)
 {
-    return static_cast<double>(secondOf(call) / 3600);
+    const int hours = secondOf(call) / 3600;
+    return static_cast<double>(hours);
 }
 
 Value minute(Call& call)
 {
-    return static_cast<double>(secondOf(call) / 60 % 60);
+    const int minutes = secondOf(call) / 60 % 60;
+    return static_cast<double>(minutes);
 }
 
 Value second(Call& call)

@@ -24,6 +24,7 @@ struct Date
 struct Time
 {
     qint32 second = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison's own 0 for a pointer.
     friend auto operator<=>(const Time&, const Time&) = default;
 };
 
@@ -31,6 +32,7 @@ struct DateTime
 {
     qint32 day = 0;
     qint32 second = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): as above.
     friend auto operator<=>(const DateTime&, const DateTime&) = default;
 };
 

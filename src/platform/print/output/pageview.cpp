@@ -84,7 +84,7 @@ QPixmap PageView::drawn()
     m_document->paint(painter, m_page);
     painter.end();
     pixmap->setDevicePixelRatio(devicePixelRatioF());
-    const QPixmap shown = *pixmap;
+    QPixmap shown = *pixmap;
     m_cache.insert(m_page, pixmap.release());
     return shown;
 }
