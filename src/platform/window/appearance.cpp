@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/appearance.h"
 
+#include "platform/window/focusstyle.h"
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
 #include <QStandardPaths>
-#include <QStyleFactory>
 #include <QTranslator>
 
 namespace platform {
@@ -45,7 +46,7 @@ bool isDark(const QPalette& palette)
 
 void installAppearance()
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new FocusStyle);
     makeDisabledTextReadable();
     addIconFolders();
     QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark")

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// Sets the Fusion style, the icon theme that suits a light or dark palette, and the small adjustments of
-/// spacing. Call once, when the application object stands.
+/// Sets the style of `focusstyle.h`, the icon theme that suits a light or dark palette, and the small
+/// adjustments of spacing. Call once, when the application object stands.
 void installAppearance();
 
 /// Loads Qt's Spanish texts. False when the packaged translations aren't there: Qt's texts stay English.

@@ -4,15 +4,19 @@
 
 #include "platform/system/messagebox.h"
 #include "platform/window/appearance.h"
+#include "platform/window/flexgrid.h"
 #include "platform/window/icons.h"
+#include "platform/window/treeview.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
-#include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using platform::Icon;
@@ -61,6 +65,8 @@ private Q_SLOTS:
     void messageStandsOverTheActiveWindow();
     void spanishTextsAreLoaded();
     void styleIsFusion();
+    void framedControlWithTheFocusHasAMarkedFrame_data();
+    void framedControlWithTheFocusHasAMarkedFrame();
     void everyIconHasAPicture();
     void applicationIconIsTheProgramsOwn();
     void untintedIconLooksTheSameWhenSelected();
@@ -126,7 +132,46 @@ void AppearanceTest::spanishTextsAreLoaded()
 
 void AppearanceTest::styleIsFusion()
 {
-    QCOMPARE(QApplication::style()->name().toLower(), u"fusion"_s);
+    const auto* style = qobject_cast<QProxyStyle*>(QApplication::style());
+    QVERIFY(style);
+    QCOMPARE(style->baseStyle()->name().toLower(), u"fusion"_s);
+}
+
+void AppearanceTest::framedControlWithTheFocusHasAMarkedFrame_data()
+{
+    QTest::addColumn<bool>("isTree");
+
+    QTest::newRow("a grid on its heading") << false;
+    QTest::newRow("a tree without a chosen node") << true;
+}
+
+void AppearanceTest::framedControlWithTheFocusHasAMarkedFrame()
+{
+    QFETCH(const bool, isTree);
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    QFrame* control = nullptr;
+    if (isTree) {
+        control = new platform::TreeView;
+    } else {
+        auto* grid = new platform::FlexGrid;
+        grid->setRow(0);
+        control = grid;
+    }
+    auto* other = new QLineEdit;
+    layout->addWidget(control);
+    layout->addWidget(other);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto corner = [&] { return control->grab().toImage().pixelColor(0, 0); };
+    other->setFocus();
+    const QColor quiet = corner();
+
+    QTest::keyClick(other, Qt::Key_Tab);
+
+    QVERIFY(control->hasFocus());
+    QCOMPARE(corner(), control->palette().highlight().color());
+    QVERIFY(quiet != corner());
 }
 
 void AppearanceTest::everyIconHasAPicture()
