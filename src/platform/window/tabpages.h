@@ -2,6 +2,10 @@
 #pragma once
 
 // A tab control. Controls of pages that aren't up live on; changing the page by code runs no focus rule.
+//
+// By keyboard: from anywhere in a page Ctrl+Tab and Ctrl+PgDn bring up the next page, Ctrl+Shift+Tab and
+// Ctrl+PgUp the one before, and the focus comes to its first control; on the row of tabs they and the arrows
+// leave the focus there, and Down goes into the page.
 
 #include <QTabWidget>
 
@@ -31,10 +35,13 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     void reportPage(int tab);
+    void turnPage(int step);
+    void enterPage();
 
     bool m_tabStop = true;
     int m_previousTab = -1;

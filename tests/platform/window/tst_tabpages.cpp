@@ -31,8 +31,21 @@ private Q_SLOTS:
     void clickOnATabTakesTheFocusFirst();
     void tabsAreAKeyboardStop();
     void tabsTakenOutOfTheStopsAreSkipped();
+    void ctrlTabInAPageTurnsIt_data();
+    void ctrlTabInAPageTurnsIt();
+    void ctrlTabRunsTheRuleOfTheFieldLeftWhileItsPageIsUp();
+    void ctrlTabComesToTheFirstControlOfThePage();
+    void ctrlTabOnTheTabsStaysThere();
+    void ctrlTabGoesOnThroughPagesThatStandAlone();
+    void arrowsOnTheTabsTurnThePageAndStay();
+    void downOnTheTabsGoesIntoThePage();
+    void downInAPageStaysThere();
+    void pageWithoutControlsLeavesTheFocusOnTheTabs();
 
 private:
+    /// Another box on the first page, below the one there.
+    TextBox* addSecondBox();
+
     std::unique_ptr<QWidget> window;
     TabPages* pages = nullptr;
     QList<TextBox*> boxes;
@@ -59,6 +72,14 @@ void TabPagesTest::init()
     window->show();
     above->setFocus();
     QVERIFY(QTest::qWaitForWindowActive(window.get()));
+}
+
+TextBox* TabPagesTest::addSecondBox()
+{
+    auto* box = new TextBox;
+    pages->widget(0)->layout()->addWidget(box);
+    box->show();
+    return box;
 }
 
 void TabPagesTest::settingThePageBringsItUpAndRaisesClick()
@@ -149,6 +170,130 @@ void TabPagesTest::tabsTakenOutOfTheStopsAreSkipped()
     QTest::keyClick(above, Qt::Key_Tab);
 
     QVERIFY(boxes.at(0)->hasFocus());
+}
+
+void TabPagesTest::ctrlTabInAPageTurnsIt_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("shift");
+    QTest::addColumn<int>("to");
+
+    QTest::newRow("next") << 0 << int(Qt::Key_Tab) << false << 1;
+    QTest::newRow("after the last the first") << 3 << int(Qt::Key_Tab) << false << 0;
+    QTest::newRow("back") << 2 << int(Qt::Key_Backtab) << true << 1;
+    QTest::newRow("before the first the last") << 0 << int(Qt::Key_Backtab) << true << 3;
+    QTest::newRow("Ctrl+PgDn") << 1 << int(Qt::Key_PageDown) << false << 2;
+    QTest::newRow("Ctrl+PgUp") << 1 << int(Qt::Key_PageUp) << false << 0;
+}
+
+void TabPagesTest::ctrlTabInAPageTurnsIt()
+{
+    QFETCH(const int, from);
+    QFETCH(const int, key);
+    QFETCH(const bool, shift);
+    QFETCH(const int, to);
+    pages->setTab(from);
+    boxes.at(from)->setFocus();
+
+    QTest::keyClick(boxes.at(from), Qt::Key(key),
+                    shift ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier);
+
+    QCOMPARE(pages->tab(), to);
+    QVERIFY(boxes.at(to)->hasFocus());
+}
+
+void TabPagesTest::ctrlTabRunsTheRuleOfTheFieldLeftWhileItsPageIsUp()
+{
+    boxes.at(0)->setFocus();
+    QList<int> tabsAtLeaving;
+    connect(boxes.at(0), &TextBox::lostFocus, this, [&] { tabsAtLeaving.append(pages->tab()); });
+
+    QTest::keyClick(boxes.at(0), Qt::Key_Tab, Qt::ControlModifier);
+
+    QCOMPARE(tabsAtLeaving, QList<int>{0});
+}
+
+void TabPagesTest::ctrlTabComesToTheFirstControlOfThePage()
+{
+    TextBox* second = addSecondBox();
+    second->setFocus();
+    const QSignalSpy came(second, &TextBox::gotFocus);
+    QTest::keyClick(second, Qt::Key_Tab, Qt::ControlModifier);
+
+    QTest::keyClick(boxes.at(1), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+
+    QVERIFY(boxes.at(0)->hasFocus());
+    QVERIFY(came.isEmpty());
+}
+
+void TabPagesTest::ctrlTabOnTheTabsStaysThere()
+{
+    pages->tabBar()->setFocus();
+
+    QTest::keyClick(pages->tabBar(), Qt::Key_Tab, Qt::ControlModifier);
+
+    QCOMPARE(pages->tab(), 1);
+    QVERIFY(pages->tabBar()->hasFocus());
+}
+
+void TabPagesTest::ctrlTabGoesOnThroughPagesThatStandAlone()
+{
+    auto* inner = new TabPages;
+    auto* innerBox = new TextBox;
+    inner->addTab(innerBox, u"Consulta"_s);
+    pages->widget(0)->layout()->addWidget(inner);
+    inner->show();
+    innerBox->setFocus();
+
+    QTest::keyClick(innerBox, Qt::Key_Tab, Qt::ControlModifier);
+
+    QCOMPARE(pages->tab(), 1);
+    QVERIFY(boxes.at(1)->hasFocus());
+}
+
+void TabPagesTest::arrowsOnTheTabsTurnThePageAndStay()
+{
+    pages->tabBar()->setFocus();
+
+    QTest::keyClick(pages->tabBar(), Qt::Key_Right);
+    QTest::keyClick(pages->tabBar(), Qt::Key_Right);
+    QCOMPARE(pages->tab(), 2);
+    QTest::keyClick(pages->tabBar(), Qt::Key_Left);
+
+    QCOMPARE(pages->tab(), 1);
+    QVERIFY(pages->tabBar()->hasFocus());
+}
+
+void TabPagesTest::downOnTheTabsGoesIntoThePage()
+{
+    pages->tabBar()->setFocus();
+    QTest::keyClick(pages->tabBar(), Qt::Key_Right);
+
+    QTest::keyClick(pages->tabBar(), Qt::Key_Down);
+
+    QVERIFY(boxes.at(1)->hasFocus());
+}
+
+void TabPagesTest::downInAPageStaysThere()
+{
+    TextBox* second = addSecondBox();
+    second->setFocus();
+
+    QTest::keyClick(second, Qt::Key_Down);
+
+    QVERIFY(second->hasFocus());
+}
+
+void TabPagesTest::pageWithoutControlsLeavesTheFocusOnTheTabs()
+{
+    boxes.at(1)->setEnabled(false);
+    boxes.at(0)->setFocus();
+
+    QTest::keyClick(boxes.at(0), Qt::Key_Tab, Qt::ControlModifier);
+
+    QCOMPARE(pages->tab(), 1);
+    QVERIFY(pages->tabBar()->hasFocus());
 }
 
 QTEST_MAIN(TabPagesTest)
