@@ -137,7 +137,8 @@ void climant::connectGrids()
 
     handle(telephones, &FlexGrid::StartEdit, this,
            [telephones](int, int col, bool*) { limitEdit(*telephones, kTelephoneGrid, col); });
-    handle(telephones, &FlexGrid::MouseDown, this, [this](Qt::MouseButton button) { showLineMenu(button); });
+    handle(telephones, &FlexGrid::MouseDown, this,
+           [this](Qt::MouseButton button, QPoint place) { showLineMenu(button, place); });
 
     handle(shipping, &FlexGrid::StartEdit, this,
            [shipping](int, int col, bool*) { limitEdit(*shipping, kShippingGrid, col); });
@@ -146,19 +147,19 @@ void climant::connectGrids()
     handle(shipping, &FlexGrid::CellButtonClick, this,
            [this](int, int col) { vsFlexGrid1_CellButtonClick(col); });
     handle(shipping, &FlexGrid::MouseDown, this,
-           [this](Qt::MouseButton button) { vsFlexGrid1_MouseDown(button); });
+           [this](Qt::MouseButton button, QPoint place) { vsFlexGrid1_MouseDown(button, place); });
 
     handle(banks, &FlexGrid::StartEdit, this,
            [banks](int, int col, bool*) { limitEdit(*banks, kBankGrid, col); });
     handle(banks, &FlexGrid::AfterEdit, this,
            [this, banks](int row, int col) { keepOneTick(*banks, row, col, kBankTickCol); });
     handle(banks, &FlexGrid::MouseDown, this,
-           [this](Qt::MouseButton button) { vsFlexGrid2_MouseDown(button); });
+           [this](Qt::MouseButton button, QPoint place) { vsFlexGrid2_MouseDown(button, place); });
 
     handle(ui->vsFlexGrid3, &FlexGrid::CellButtonClick, this,
            [this](int, int col) { vsFlexGrid3_CellButtonClick(col); });
     handle(ui->vsFlexGrid3, &FlexGrid::MouseDown, this,
-           [this](Qt::MouseButton button) { showLineMenu(button); });
+           [this](Qt::MouseButton button, QPoint place) { showLineMenu(button, place); });
 
     handle(m_menucli->findChild<QAction*>(u"eliminar"_s), &QAction::triggered, this,
            [this] { eliminar_Click(); });

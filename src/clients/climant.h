@@ -95,9 +95,9 @@ private:
     // linegrids.cpp
     void keepOneTick(platform::FlexGrid& grid, int row, int col, int tickCol);
     void vsFlexGrid1_CellButtonClick(int col); // failures pass to the event's handler
-    void vsFlexGrid1_MouseDown(Qt::MouseButton button);
-    void vsFlexGrid2_MouseDown(Qt::MouseButton button);
-    void showLineMenu(Qt::MouseButton button);
+    void vsFlexGrid1_MouseDown(Qt::MouseButton button, QPoint place);
+    void vsFlexGrid2_MouseDown(Qt::MouseButton button, QPoint place);
+    void showLineMenu(Qt::MouseButton button, QPoint place);
     void eliminar_Click();
 
     // concepts.cpp

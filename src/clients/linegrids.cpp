@@ -72,30 +72,30 @@ void climant::vsFlexGrid1_CellButtonClick(int col)
     platform::setMousePointer(this, platform::kDefaultPointer);
 }
 
-void climant::vsFlexGrid1_MouseDown(Qt::MouseButton button)
+void climant::vsFlexGrid1_MouseDown(Qt::MouseButton button, QPoint place)
 {
     LINEAENVIOS = 0;
     LINEABANCOS = 0;
     if (button != Qt::RightButton)
         return;
     LINEAENVIOS = 1;
-    attempt([&] { platform::popupMenu(m_menucli); });
+    showLineMenu(button, place);
 }
 
-void climant::vsFlexGrid2_MouseDown(Qt::MouseButton button)
+void climant::vsFlexGrid2_MouseDown(Qt::MouseButton button, QPoint place)
 {
     LINEAENVIOS = 0;
     LINEABANCOS = 0;
     if (button != Qt::RightButton)
         return;
     LINEABANCOS = 1;
-    attempt([&] { platform::popupMenu(m_menucli); });
+    showLineMenu(button, place);
 }
 
-void climant::showLineMenu(Qt::MouseButton button)
+void climant::showLineMenu(Qt::MouseButton button, QPoint place)
 {
     if (button == Qt::RightButton)
-        attempt([&] { platform::popupMenu(m_menucli); });
+        attempt([&] { platform::popupMenu(m_menucli, place); });
 }
 
 void climant::eliminar_Click()

@@ -205,10 +205,42 @@ void ClientFixture::type(const QString& name, const QString& typed)
         QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
-void ClientFixture::press(Qt::Key key)
+void ClientFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    QTest::keyClick(QApplication::focusWidget(), key);
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     QCoreApplication::processEvents();
+}
+
+bool ClientFixture::walkTo(const QString& name, Qt::Key key)
+{
+    constexpr int kMostPresses = 80;
+    const Qt::KeyboardModifiers modifiers = key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier;
+    for (int presses = 0; presses < kMostPresses && stop() != name; ++presses)
+        press(key, modifiers);
+    return stop() == name;
+}
+
+QString ClientFixture::stop()
+{
+    const QWidget* widget = QApplication::focusWidget();
+    while (widget && (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_")))
+        widget = widget->parentWidget();
+    return widget ? widget->objectName() : QString();
+}
+
+bool ClientFixture::pressLineMenu(Qt::Key key, Qt::KeyboardModifiers modifiers, const QList<Qt::Key>& inMenu)
+{
+    auto* menu = control<QMenu>(u"menucli"_s);
+    bool came = false;
+    QTimer::singleShot(0, menu, [&] {
+        came = menu->isVisible();
+        for (qsizetype i = 0; i < inMenu.size() && menu->isVisible(); ++i)
+            QTest::keyClick(menu, inMenu.at(i));
+        menu->close();
+    });
+    press(key, modifiers);
+    activate(); // off screen a menu takes the activation with it
+    return came;
 }
 
 void ClientFixture::enterCode(const QString& code)

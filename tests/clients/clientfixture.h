@@ -68,7 +68,16 @@ public:
     void clickItem(const QString& key);
     /// Clicks a field and types over what it holds. The field keeps the focus.
     void type(const QString& name, const QString& text);
-    void press(Qt::Key key);
+    /// A key in the control with the focus.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Presses a key until the control with the focus bears a name (see `stop`). False when it doesn't come.
+    [[nodiscard]] bool walkTo(const QString& name, Qt::Key key = Qt::Key_Tab);
+    /// Name of the control with the focus; a row of tabs bears the name of its pages, an editor of a cell
+    /// that of its grid.
+    [[nodiscard]] static QString stop();
+    /// Presses a key that opens the line menu, then keys in it. False when no menu came.
+    [[nodiscard]] bool pressLineMenu(Qt::Key key, Qt::KeyboardModifiers modifiers,
+                                     const QList<Qt::Key>& inMenu);
     /// Types a code in "Código" and leaves the field.
     void enterCode(const QString& code);
 

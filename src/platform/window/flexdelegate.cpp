@@ -28,6 +28,18 @@ QColor mixed(const QColor& ground, const QColor& tint, int percent)
             part(ground.blue(), tint.blue())};
 }
 
+bool movesLine(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
+}
+
+/// Ctrl+Tab belongs to the pages that the grid stands on.
+bool turnsPage(const QKeyEvent& event)
+{
+    return event.modifiers().testFlag(Qt::ControlModifier) &&
+           (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
+}
+
 template <typename Use>
 void useEditor(QWidget* editor, Use&& use)
 {
@@ -147,11 +159,11 @@ bool FlexDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionV
 
 bool FlexDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* line = qobject_cast<CellLine*>(watched);
-    if (line && event->type() == QEvent::KeyPress) {
+    auto* editor = qobject_cast<QWidget*>(watched);
+    if (editor && event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {
-            endEdit(line);
+        if (turnsPage(*key) || (qobject_cast<CellLine*>(editor) && movesLine(*key))) {
+            endEdit(editor);
             QApplication::sendEvent(m_grid, key);
             return true;
         }

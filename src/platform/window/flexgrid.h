@@ -142,8 +142,10 @@ Q_SIGNALS:
     /// A user's edit has ended with the cell written; also after a tick and when the focus is lost.
     void AfterEdit(int row, int col);
     void CellButtonClick(int row, int col);
-    /// A button went down, before the current cell moves. The right button never moves it.
-    void MouseDown(Qt::MouseButton button);
+    /// A button went down, before the current cell moves. The right button never moves it. The Menu key and
+    /// Shift+F10 count as the right button. `place`, on the screen, is where a menu goes: at the pointer, or
+    /// below the part of the current cell that is in view.
+    void MouseDown(Qt::MouseButton button, QPoint place);
     void MouseMove();
     void DblClick();
     /// A character key (Enter and blank included) while no cell is being edited. `code` is its UTF-16 unit.
@@ -185,6 +187,8 @@ private:
 
     // flexgridevents.cpp
     void reportKey(const QKeyEvent& event);
+    void pressMenuKey();
+    [[nodiscard]] QPoint placeAtCursor();
     [[nodiscard]] bool actsOnCell(QKeyEvent* event);
     [[nodiscard]] bool startsEdit(const QModelIndex& index);
     void pressCellButton(const QModelIndex& index);

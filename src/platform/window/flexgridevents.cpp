@@ -6,11 +6,14 @@
 #include "platform/window/flexgrid.h"
 #include "platform/window/flexmodel.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -42,10 +45,20 @@ bool opensCell(const QKeyEvent& event)
     return event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier);
 }
 
+bool opensMenu(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Menu ||
+           (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
 } // namespace
 
 void FlexGrid::keyPressEvent(QKeyEvent* event)
 {
+    if (opensMenu(*event)) {
+        pressMenuKey();
+        return;
+    }
     const QPointer<FlexGrid> self = this;
     reportKey(*event);
     if (!self || actsOnCell(event))
@@ -62,6 +75,30 @@ void FlexGrid::reportKey(const QKeyEvent& event)
     const int code = characterOf(event);
     if (code != 0)
         Q_EMIT KeyPress(code);
+}
+
+void FlexGrid::pressMenuKey()
+{
+    QWidget* active = QApplication::focusWidget();
+    if (!active || !viewport()->isAncestorOf(active)) {
+        Q_EMIT MouseDown(Qt::RightButton, placeAtCursor());
+        return;
+    }
+    // The editor of a cell has a menu of its own, or none.
+    const QPoint place = active->rect().bottomLeft();
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, place, active->mapToGlobal(place));
+    QApplication::sendEvent(active, &request);
+}
+
+QPoint FlexGrid::placeAtCursor()
+{
+    const QModelIndex cell = currentIndex();
+    if (cell.isValid())
+        scrollTo(cell);
+    const int below = cell.isValid() ? visualRect(cell).bottom() + 1 : 0;
+    return viewport()->mapToGlobal(
+        QPoint(std::clamp(columnViewportPosition(m_col), 0, std::max(viewport()->width() - 1, 0)),
+               std::clamp(below, 0, viewport()->height())));
 }
 
 bool FlexGrid::actsOnCell(QKeyEvent* event)
@@ -91,7 +128,7 @@ void FlexGrid::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<FlexGrid> self = this;
     m_pressed = QPersistentModelIndex();
-    Q_EMIT MouseDown(event->button());
+    Q_EMIT MouseDown(event->button(), event->globalPosition().toPoint());
     event->accept();
     if (!self || event->button() != Qt::LeftButton)
         return;
@@ -131,7 +168,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QPointer<FlexGrid> self = this;
     const QModelIndex cell = indexAt(event->position().toPoint());
-    Q_EMIT MouseDown(event->button());
+    Q_EMIT MouseDown(event->button(), event->globalPosition().toPoint());
     event->accept();
     if (!self || event->button() != Qt::LeftButton)
         return;
@@ -200,7 +237,8 @@ bool FlexGrid::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == horizontalHeader()->viewport()) {
         if (event->type() == QEvent::MouseButtonPress) {
-            Q_EMIT MouseDown(static_cast<QMouseEvent*>(event)->button());
+            const auto* press = static_cast<QMouseEvent*>(event);
+            Q_EMIT MouseDown(press->button(), press->globalPosition().toPoint());
         } else if (event->type() == QEvent::MouseMove) {
             m_mouseRow = 0;
             m_mouseCol = columnAt(static_cast<QMouseEvent*>(event)->position().toPoint().x());

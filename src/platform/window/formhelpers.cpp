@@ -5,7 +5,6 @@
 #include "platform/core/failurenumbers.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QDialog>
 #include <QMenu>
 #include <QTabBar>
@@ -58,9 +57,9 @@ void execModal(QDialog* dialog)
     dialog->exec();
 }
 
-void popupMenu(QMenu* menu)
+void popupMenu(QMenu* menu, QPoint place)
 {
-    menu->exec(QCursor::pos());
+    menu->exec(place);
 }
 
 } // namespace platform

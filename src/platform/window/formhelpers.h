@@ -7,6 +7,7 @@
 
 class QDialog;
 class QMenu;
+class QPoint;
 class QWidget;
 
 namespace platform {
@@ -27,7 +28,8 @@ void sendTab(QWidget* form);
 /// Shows a dialog as window-modal and returns when it is closed. Visible already: Failure 400.
 void execModal(QDialog* dialog);
 
-/// Shows a menu at the mouse pointer and returns after the chosen item's handler has run.
-void popupMenu(QMenu* menu);
+/// Shows a menu at a place of the screen and returns after the chosen item's handler has run. No item is
+/// marked at the start: the first Enter only marks one.
+void popupMenu(QMenu* menu, QPoint place);
 
 } // namespace platform

@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -19,6 +21,22 @@ using platform::FlexGrid;
 namespace {
 
 constexpr int kTickCol = 5;
+
+/// Notes the keys that reach a widget.
+class KeyCatcher : public QObject
+{
+public:
+    explicit KeyCatcher(QWidget* widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress)
+            keys.append(static_cast<QKeyEvent*>(event)->key());
+        return false;
+    }
+
+    QList<int> keys;
+};
 
 } // namespace
 
@@ -39,6 +57,21 @@ private Q_SLOTS:
     void arrowsMoveTheCursor();
     void tabLeavesTheGrid();
     void tabLeavesTheGridFromAnEditor();
+    void backtabLeavesTheGrid();
+    void tabLeavesTheGridFromADropDown();
+    void ctrlTabEndsAnEditAndGoesOnToTheParent_data();
+    void ctrlTabEndsAnEditAndGoesOnToTheParent();
+    void menuKeysCountAsTheRightButton_data();
+    void menuKeysCountAsTheRightButton();
+    void menuKeyPlacesTheMenuBelowTheCurrentCell();
+    void menuKeyBringsTheCurrentCellIntoView();
+    void menuKeyPlacesTheMenuAtTheVisiblePartOfTheCell();
+    void menuKeyOnTheHeadingPlacesTheMenuBelowIt();
+    void rightPressPlacesTheMenuAtThePointer();
+    void f10AloneIsNoMenuKey();
+    void menuKeyInAnEditorOpensTheEditorsOwnMenu_data();
+    void menuKeyInAnEditorOpensTheEditorsOwnMenu();
+    void menuKeyInADropDownOpensNothing();
     void typingStartsAnEditAndReplacesTheText();
     void selectingStartsNoEdit();
     void startEditComesWhenTypingStarts();
@@ -75,7 +108,10 @@ private Q_SLOTS:
     void editorIsNamedAfterTheHeading();
 
 private:
+    [[nodiscard]] QRect cell(int row, int col) const;
     [[nodiscard]] QPoint centre(int row, int col) const;
+    /// Where the Menu key puts a menu, on the screen.
+    [[nodiscard]] QPoint placeOfMenu();
     [[nodiscard]] QPoint buttonOf(int row, int col) const;
     void press(Qt::MouseButton button, int row, int col);
     [[nodiscard]] QLineEdit* editor() const;
@@ -109,9 +145,21 @@ void FlexGridEventsTest::cleanup()
     window.reset();
 }
 
+QRect FlexGridEventsTest::cell(int row, int col) const
+{
+    return grid->visualRect(grid->model()->index(row - 1, col));
+}
+
 QPoint FlexGridEventsTest::centre(int row, int col) const
 {
-    return grid->visualRect(grid->model()->index(row - 1, col)).center();
+    return cell(row, col).center();
+}
+
+QPoint FlexGridEventsTest::placeOfMenu()
+{
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+    QTest::keyClick(grid, Qt::Key_Menu);
+    return presses.size() == 1 ? presses.first().at(1).toPoint() : QPoint();
 }
 
 QPoint FlexGridEventsTest::buttonOf(int row, int col) const
@@ -222,6 +270,167 @@ void FlexGridEventsTest::tabLeavesTheGridFromAnEditor()
 
     QVERIFY(next->hasFocus());
     QCOMPARE(grid->textMatrix(1, 0), u"a"_s);
+}
+
+void FlexGridEventsTest::backtabLeavesTheGrid()
+{
+    QTest::keyClick(grid, Qt::Key_Backtab, Qt::ShiftModifier);
+
+    QVERIFY(next->hasFocus());
+    QCOMPARE(grid->col(), 0);
+}
+
+void FlexGridEventsTest::tabLeavesTheGridFromADropDown()
+{
+    grid->setColList(0, u"Debidos|Pagados"_s);
+    QTest::keyClick(grid, Qt::Key_P);
+
+    QTest::keyClick(dropDown(), Qt::Key_Tab);
+
+    QVERIFY(next->hasFocus());
+    QCOMPARE(grid->textMatrix(1, 0), u"Pagados"_s);
+}
+
+void FlexGridEventsTest::ctrlTabEndsAnEditAndGoesOnToTheParent_data()
+{
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<int>("typed");
+    QTest::addColumn<QString>("left");
+
+    QTest::newRow("line of typing") << QString() << int(Qt::Key_X) << u"x"_s;
+    QTest::newRow("drop-down") << u"Debidos|Pagados"_s << int(Qt::Key_P) << u"Pagados"_s;
+}
+
+void FlexGridEventsTest::ctrlTabEndsAnEditAndGoesOnToTheParent()
+{
+    QFETCH(const QString, list);
+    QFETCH(const int, typed);
+    QFETCH(const QString, left);
+    KeyCatcher parent(window.get());
+    grid->setColList(0, list);
+    QTest::keyClick(grid, Qt::Key(typed));
+
+    QTest::keyClick(grid->indexWidget(grid->currentIndex()), Qt::Key_Tab, Qt::ControlModifier);
+
+    QCOMPARE(grid->text(), left);
+    QVERIFY(!grid->isEditing());
+    QVERIFY(parent.keys.contains(Qt::Key_Tab));
+}
+
+void FlexGridEventsTest::menuKeysCountAsTheRightButton_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+
+    QTest::newRow("Menu") << int(Qt::Key_Menu) << int(Qt::NoModifier);
+    QTest::newRow("Shift+F10") << int(Qt::Key_F10) << int(Qt::ShiftModifier);
+}
+
+void FlexGridEventsTest::menuKeysCountAsTheRightButton()
+{
+    QFETCH(const int, key);
+    QFETCH(const int, modifiers);
+    QTest::keyClick(grid, Qt::Key_Down);
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+
+    QTest::keyClick(grid, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+
+    QCOMPARE(presses.size(), 1);
+    QCOMPARE(presses.first().first().value<Qt::MouseButton>(), Qt::RightButton);
+    QCOMPARE(grid->row(), 2);
+    QVERIFY(!grid->isEditing());
+}
+
+void FlexGridEventsTest::menuKeyPlacesTheMenuBelowTheCurrentCell()
+{
+    grid->setRow(3);
+    grid->setCol(2);
+
+    QCOMPARE(placeOfMenu(), grid->viewport()->mapToGlobal(cell(3, 2).bottomLeft() + QPoint(0, 1)));
+}
+
+void FlexGridEventsTest::menuKeyBringsTheCurrentCellIntoView()
+{
+    grid->setRows(50);
+    grid->setRow(45);
+    QVERIFY(!grid->viewport()->rect().contains(cell(45, 0)));
+
+    const QPoint place = placeOfMenu();
+
+    QVERIFY(grid->viewport()->rect().contains(cell(45, 0)));
+    QCOMPARE(place, grid->viewport()->mapToGlobal(cell(45, 0).bottomLeft() + QPoint(0, 1)));
+}
+
+void FlexGridEventsTest::menuKeyPlacesTheMenuAtTheVisiblePartOfTheCell()
+{
+    grid->setColWidth(0, 40000); // wider than the grid
+    QTRY_VERIFY(grid->horizontalScrollBar()->maximum() >= 300);
+    grid->horizontalScrollBar()->setValue(300);
+    QVERIFY(cell(1, 0).left() < 0);
+
+    const QPoint place = grid->viewport()->mapFromGlobal(placeOfMenu());
+
+    QVERIFY(grid->viewport()->rect().contains(place));
+}
+
+void FlexGridEventsTest::menuKeyOnTheHeadingPlacesTheMenuBelowIt()
+{
+    grid->setRow(0);
+    grid->setCol(2);
+
+    QCOMPARE(placeOfMenu(), grid->viewport()->mapToGlobal(QPoint(cell(1, 2).left(), 0)));
+}
+
+void FlexGridEventsTest::rightPressPlacesTheMenuAtThePointer()
+{
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+
+    press(Qt::RightButton, 5, 3);
+
+    QCOMPARE(presses.first().at(1).toPoint(), grid->viewport()->mapToGlobal(centre(5, 3)));
+}
+
+void FlexGridEventsTest::f10AloneIsNoMenuKey()
+{
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+
+    QTest::keyClick(grid, Qt::Key_F10);
+
+    QVERIFY(presses.isEmpty());
+}
+
+void FlexGridEventsTest::menuKeyInAnEditorOpensTheEditorsOwnMenu_data()
+{
+    menuKeysCountAsTheRightButton_data();
+}
+
+void FlexGridEventsTest::menuKeyInAnEditorOpensTheEditorsOwnMenu()
+{
+    QFETCH(const int, key);
+    QFETCH(const int, modifiers);
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+    QTest::keyClick(grid, Qt::Key_X);
+
+    QTest::keyClick(editor(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->parentWidget(), editor());
+    menu->close();
+    QVERIFY(presses.isEmpty());
+}
+
+void FlexGridEventsTest::menuKeyInADropDownOpensNothing()
+{
+    const QSignalSpy presses(grid, &FlexGrid::MouseDown);
+    grid->setColList(0, u"Debidos|Pagados"_s);
+    QTest::keyClick(grid, Qt::Key_P);
+
+    QTest::keyClick(dropDown(), Qt::Key_Menu);
+
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(presses.isEmpty());
+    QVERIFY(grid->isEditing());
 }
 
 void FlexGridEventsTest::typingStartsAnEditAndReplacesTheText()

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -31,6 +32,8 @@ private Q_SLOTS:
     void dialogShownAlreadyFails();
     void popupReturnsAfterTheHandlerHasRun();
     void popupRunsNoFocusRule();
+    void popupStandsWhereItIsTold();
+    void firstEnterInAPopupOnlyMarksAnItem();
     void failureInAHandlerStaysInside();
     void handlerMayTakeNoArguments();
 
@@ -120,7 +123,7 @@ void FormHelpersTest::popupReturnsAfterTheHandlerHasRun()
         QTest::keyClick(&menu, Qt::Key_Return);
     });
 
-    platform::popupMenu(&menu);
+    platform::popupMenu(&menu, QPoint(20, 30));
 
     QVERIFY(handlerRan);
 }
@@ -134,9 +137,42 @@ void FormHelpersTest::popupRunsNoFocusRule()
     connect(first, &TextBox::gotFocus, first, [&] { ruleRan = true; });
     QTimer::singleShot(0, &menu, [&] { menu.close(); });
 
-    platform::popupMenu(&menu);
+    platform::popupMenu(&menu, QPoint(20, 30));
 
     QVERIFY(!ruleRan);
+}
+
+void FormHelpersTest::popupStandsWhereItIsTold()
+{
+    QMenu menu;
+    menu.addAction(u"&Cancelar"_s);
+    QPoint place;
+    QTimer::singleShot(0, &menu, [&] {
+        place = menu.pos();
+        menu.close();
+    });
+
+    platform::popupMenu(&menu, QPoint(120, 130));
+
+    QCOMPARE(place, QPoint(120, 130));
+}
+
+void FormHelpersTest::firstEnterInAPopupOnlyMarksAnItem()
+{
+    QMenu menu;
+    const QAction* entry = menu.addAction(u"&Eliminar Linea"_s);
+    const QSignalSpy triggered(entry, &QAction::triggered);
+    QAction* marked = nullptr;
+    QTimer::singleShot(0, &menu, [&] {
+        QTest::keyClick(&menu, Qt::Key_Return);
+        marked = menu.activeAction();
+        menu.close();
+    });
+
+    platform::popupMenu(&menu, QPoint(20, 30));
+
+    QCOMPARE(marked, entry);
+    QVERIFY(triggered.isEmpty());
 }
 
 void FormHelpersTest::failureInAHandlerStaysInside()
