@@ -19,8 +19,10 @@ public:
         , m_reader(source)
         , m_faults(faults)
     {
+        // CR LF, LF and a lone CR each end one line, as for the reader.
         for (qsizetype i = 0; i < source.size(); ++i) {
-            if (source[i] == u'\n')
+            const bool beforeLf = i + 1 < source.size() && source[i + 1] == u'\n';
+            if (source[i] == u'\n' || (source[i] == u'\r' && !beforeLf))
                 m_lines.push_back(i + 1);
         }
     }
@@ -36,7 +38,9 @@ public:
                 refuse(token);
         }
         if (m_reader.hasError() && !m_failed)
-            fail(u"el fichero no es XML bien formado: %1"_s.arg(m_reader.errorString()));
+            fail(m_reader.error() == QXmlStreamReader::PrematureEndOfDocumentError
+                     ? u"el fichero acaba antes de tiempo"_s
+                     : u"el fichero no es XML bien formado"_s);
         return m_failed ? std::nullopt : root;
     }
 

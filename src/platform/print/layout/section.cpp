@@ -105,7 +105,21 @@ QString SectionMaker::fieldText(const Item& item, const formula::Formula& formul
         return {};
     }
     const Style& style = m_letters.style(item.style);
-    return formatted(item.format ? *item.format : style.format.value_or(Format{}), outcome.value);
+    const QString shown =
+        formatted(item.format ? *item.format : style.format.value_or(Format{}), outcome.value);
+    const bool number = item.kind == Item::Kind::Field && std::holds_alternative<double>(outcome.value);
+    return number && !item.grows ? wholeOrHashes(item, shown) : shown;
+}
+
+/// A number that lost its end would be read as another number, so one that is too wide shows none of itself.
+QString SectionMaker::wholeOrHashes(const Item& item, const QString& number)
+{
+    Letters& letters = m_letters.letters(item.style);
+    const double room = item.width * kUnits;
+    if (letters.width(number) <= room)
+        return number;
+    const double hash = letters.width(u"#");
+    return QString(hash > 0 ? std::max(1, static_cast<int>(room / hash)) : 1, u'#');
 }
 
 /// True when the record above, in the same section, shows the same value.

@@ -94,6 +94,7 @@ private:
     [[nodiscard]] bool suppressed(const Section& section);
     [[nodiscard]] QString text(const Item& item);
     [[nodiscard]] QString fieldText(const Item& item, const formula::Formula& formula);
+    [[nodiscard]] QString wholeOrHashes(const Item& item, const QString& number);
     [[nodiscard]] bool repeatsAbove(const Item& item);
     void fill(PlacedItem& placed, const QString& text);
     std::vector<PlacedSection> strip(int subreport, double& height);

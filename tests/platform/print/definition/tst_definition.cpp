@@ -155,6 +155,14 @@ void DefinitionTest::badFileNamesItsFault_data()
         u"3:16: el formato «numero(x)» no existe"_s);
     row("a version of another time", report("", "version=\"2\" nombre=\"P\""),
         u"1:10: «version» ha de ser un número entre 1 y 1"_s);
+    row("lines that end with a lone CR", report("<nada/>").replace('\n', '\r'),
+        u"3:1: el elemento «nada» no existe en «informe»"_s);
+    row("lines that end with CR LF", report("<nada/>").replace("\n", "\r\n"),
+        u"3:1: el elemento «nada» no existe en «informe»"_s);
+    row("elements that cross", report("<filtro><b></filtro></b>"),
+        u"3:21: el fichero no es XML bien formado"_s);
+    row("half a file", report("").chopped(9), u"4:2: el fichero acaba antes de tiempo"_s);
+    row("nothing", "", u"1:1: el fichero acaba antes de tiempo"_s);
     row("not UTF-8", "<informe nombre=\"\xf1\"/>", u"1:1: el fichero no es UTF-8"_s);
 }
 

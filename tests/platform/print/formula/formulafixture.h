@@ -83,19 +83,19 @@ public:
         return binding;
     }
     int group(const Operand& field) override { return field.slot == 0 ? 0 : -1; }
-    int total(TotalKind, const Operand&, int) override { return 0; }
+    /// A total is known by its type: only that tells what its value must be.
+    int total(TotalKind kind, const Operand& field, int) override
+    {
+        const bool counting = kind == TotalKind::Count || kind == TotalKind::DistinctCount;
+        return static_cast<int>(counting ? Type::Number : field.type);
+    }
 
     const Options& options() const override { return m_options; }
     Value column(int slot) override { return std::next(m_columns.constBegin(), slot)->value; }
     Outcome formula(int slot) override { return std::next(m_formulas.constBegin(), slot)->evaluate(*this); }
-    Value total(int) override { return 42.0; }
-    Outcome neighbour(int step, const Operand&) override { return {static_cast<double>(step), {}}; }
-    Value special(Special what, int argument) override
-    {
-        if (what == Special::CarpetaTabla)
-            return QStringLiteral("Empresa%1").arg(argument, 5, 10, QChar(u'0'));
-        return what == Special::PrintDate ? Value(toDate(QDate(2024, 3, 5))) : Value(7.0);
-    }
+    Value total(int slot) override { return anyOf(static_cast<Type>(slot), 42); }
+    Outcome neighbour(int step, const Operand& field) override { return {anyOf(field.type, step), {}}; }
+    Value special(Special what, int argument) override;
     Value& variable(Scope, int slot) override { return m_variables[static_cast<std::size_t>(slot)]; }
 
 private:
@@ -113,6 +113,8 @@ private:
             .arg(fault.position.column);
     }
     static QString shown(const Value& value);
+    /// A value of the type, out of a number.
+    static Value anyOf(Type type, int number);
 
     QMap<QString, Column> m_columns;
     QMap<QString, Formula> m_formulas;

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void variableCountsInPrintOrderOnly();
     void subreportPrintsItsOwnRecords();
     void fieldThatFailsPrintsEmptyAndCountsOnce();
+    void numberTooWideForItsPlaceShowsHashes();
     void tooSmallAPageIsRefused();
     void pdfHoldsPagesAndText();
     void csvHoldsOneLineForEachRecord();
@@ -290,6 +291,19 @@ void PagesTest::fieldThatFailsPrintsEmptyAndCountsOnce()
     QCOMPARE(pages(detail(u"ToText(6 / ({T.N} - 1),0)"_s), 3), QStringList{u"6 3 p1/1"_s});
     QVERIFY(!m_document->pageText(0).isEmpty());
     QCOMPARE(m_document->notes(), u"1 registros con datos no válidos"_s);
+}
+
+void PagesTest::numberTooWideForItsPlaceShowsHashes()
+{
+    const auto field = [](const QString& attributes) {
+        return u"<seccion tipo=\"detalle\" alto=\"8\"><campo x=\"0\" y=\"0\" ancho=\"10\" alto=\"4\" "
+               "estilo=\"n\" %1/></seccion>"_s.arg(attributes);
+    };
+
+    QCOMPARE(pages(field(u"expr=\"1234\""_s), 1), QStringList{u"1.234 p1/1"_s});
+    QCOMPARE(pages(field(u"expr=\"123456789\""_s), 1), QStringList{u"#### p1/1"_s});
+    QCOMPARE(pages(field(u"expr=\"123456789\" crece=\"si\""_s), 1), QStringList{u"123.45 6.789 p1/1"_s});
+    QCOMPARE(pages(field(u"expr=\"'123456789'\""_s), 1), QStringList{u"123456789 p1/1"_s});
 }
 
 void PagesTest::tooSmallAPageIsRefused()
