@@ -75,6 +75,13 @@ void LISTA::connectEvents()
     handle(ui->Command2, &QPushButton::clicked, this, [this] { runToPrinter(); });
     handle(ui->Command3, &QPushButton::clicked, this, [this] { unload(); });
 
+    // Enter stands for the double click.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* choose = new QShortcut(key, ui->TreeView1);
+        choose->setContext(Qt::WidgetShortcut);
+        handle(choose, &QShortcut::activated, this, [this] { chooseSelectedPrinter(); });
+    }
+
     // The tab labels are no stops of the keyboard: Ctrl+Tab turns the page for those who keep off the mouse.
     auto* turn = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), this);
     handle(turn, &QShortcut::activated, this, [this] {
