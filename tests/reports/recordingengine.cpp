@@ -12,6 +12,7 @@ namespace {
 
 QStringList calls;
 EngineAnswers answers;
+PEJob lastJob = 0;
 
 QString textOf(const char* text)
 {
@@ -31,11 +32,29 @@ QString number(int value)
     return QString::number(value);
 }
 
-/// What a call answers: `usual`, or `failed` where the test lets calls of this name fail.
+/// Whether the call written down last is one that is to fail.
+bool fails(const QString& name)
+{
+    return answers.failing == name || answers.failingCall == calls.size() - 1;
+}
+
+/// What a call answers: `usual`, or `failed` where it is to fail.
 template <typename T>
 T answer(const QString& name, int usual, int failed = 0)
 {
-    return static_cast<T>(answers.failing == name ? failed : usual);
+    return static_cast<T>(fails(name) ? failed : usual);
+}
+
+/// The same for a call on a job: without one it fails in any case.
+template <typename T>
+T answerOf(PEJob job, const QString& name, int usual, int failed = 0)
+{
+    return job == 0 ? static_cast<T>(failed) : answer<T>(name, usual, failed);
+}
+
+QStringList subreportsOf(std::int16_t sectionCode)
+{
+    return answers.subreportsBySection.value(sectionCode / 100 - 1);
 }
 
 } // namespace
@@ -54,6 +73,7 @@ void resetRecordingEngine()
 {
     calls.clear();
     answers = {};
+    lastJob = 0;
 }
 
 std::int16_t PEOpenEngine()
@@ -65,77 +85,90 @@ std::int16_t PEOpenEngine()
 void PECloseEngine()
 {
     record(u"PECloseEngine"_s);
+    lastJob = 0;
 }
 
 PEJob PEOpenPrintJob(const char* path)
 {
     record(u"PEOpenPrintJob"_s, textOf(path));
-    return answer<PEJob>(u"PEOpenPrintJob"_s, answers.job);
+    // Numbers aren't given again, not even those of files that didn't open.
+    return answer<PEJob>(u"PEOpenPrintJob"_s, ++lastJob);
 }
 
 std::int16_t PEGetNTables(PEJob job)
 {
     record(u"PEGetNTables"_s, number(job));
-    return answer<std::int16_t>(u"PEGetNTables"_s, static_cast<int>(answers.tableLocations.size()), -1);
+    return answerOf<std::int16_t>(job, u"PEGetNTables"_s, static_cast<int>(answers.tableLocations.size()),
+                                  -1);
 }
 
 std::int16_t PEGetNthTableLocation(PEJob job, std::int16_t table, PETableLocation* location)
 {
     record(u"PEGetNthTableLocation"_s, number(job), number(table), number(location->StructSize));
-    if (answers.unreadableTables.contains(table) || answers.failing == u"PEGetNthTableLocation"_s)
-        return static_cast<std::int16_t>(answers.unreadableTables.value(table));
-    const QByteArray bytes = answers.tableLocations.value(table).toLatin1();
-    std::memcpy(location->Location, bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return 1;
+    const int usual = answers.unreadableTables.value(table, 1);
+    const auto done = answerOf<std::int16_t>(job, u"PEGetNthTableLocation"_s, usual);
+    if (done == 1) {
+        const QByteArray bytes = answers.tableLocations.value(table).toLatin1();
+        std::memcpy(location->Location, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    }
+    return done;
 }
 
 std::int16_t PESetNthTableLocation(PEJob job, std::int16_t table, const PETableLocation* location)
 {
     record(u"PESetNthTableLocation"_s, number(job), number(table), number(location->StructSize),
            textOf(location->Location));
-    return answer<std::int16_t>(u"PESetNthTableLocation"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESetNthTableLocation"_s, 1);
 }
 
 std::int16_t PEGetNSections(PEJob job)
 {
     record(u"PEGetNSections"_s, number(job));
-    return answer<std::int16_t>(u"PEGetNSections"_s, static_cast<int>(answers.subreportsBySection.size()),
-                                -1);
+    return answerOf<std::int16_t>(job, u"PEGetNSections"_s,
+                                  static_cast<int>(answers.subreportsBySection.size()), -1);
 }
 
 std::int16_t PEGetSectionCode(PEJob job, std::int16_t section)
 {
     record(u"PEGetSectionCode"_s, number(job), number(section));
-    return answer<std::int16_t>(u"PEGetSectionCode"_s, 100 * (section + 1));
+    return answerOf<std::int16_t>(job, u"PEGetSectionCode"_s, 100 * (section + 1));
 }
 
 std::int16_t PEGetNSubreportsInSection(PEJob job, std::int16_t sectionCode)
 {
     record(u"PEGetNSubreportsInSection"_s, number(job), number(sectionCode));
-    const QStringList names = answers.subreportsBySection.value(sectionCode / 100 - 1);
-    return answer<std::int16_t>(u"PEGetNSubreportsInSection"_s, static_cast<int>(names.size()), -1);
+    const int usual = sectionCode == 0 ? -1 : static_cast<int>(subreportsOf(sectionCode).size());
+    return answerOf<std::int16_t>(job, u"PEGetNSubreportsInSection"_s, usual, -1);
 }
 
 std::int32_t PEGetNthSubreportInSection(PEJob job, std::int16_t sectionCode, std::int16_t subreport)
 {
     record(u"PEGetNthSubreportInSection"_s, number(job), number(sectionCode), number(subreport));
-    return answer<std::int32_t>(u"PEGetNthSubreportInSection"_s, sectionCode + subreport);
+    return answerOf<std::int32_t>(job, u"PEGetNthSubreportInSection"_s, sectionCode + subreport);
 }
 
 std::int16_t PEGetSubreportInfo(PEJob job, std::int32_t subreport, PESubreportInfo* info)
 {
     record(u"PEGetSubreportInfo"_s, number(job), number(subreport), number(info->StructSize));
-    const QStringList names = answers.subreportsBySection.value(subreport / 100 - 1);
-    const QByteArray bytes = names.value(subreport % 100).toLatin1();
-    std::memset(info->name, 0, sizeof info->name);
-    std::memcpy(info->name, bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return answer<std::int16_t>(u"PEGetSubreportInfo"_s, 1);
+    const auto done = answerOf<std::int16_t>(job, u"PEGetSubreportInfo"_s, subreport == 0 ? 0 : 1);
+    if (done == 1) {
+        const QStringList names = subreportsOf(static_cast<std::int16_t>(subreport));
+        const QByteArray bytes = names.value(subreport % 100).toLatin1();
+        std::memset(info->name, 0, sizeof info->name);
+        std::memcpy(info->name, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    }
+    return done;
 }
 
 PEJob PEOpenSubreport(PEJob job, const char* name)
 {
     record(u"PEOpenSubreport"_s, number(job), textOf(name));
-    return answer<PEJob>(u"PEOpenSubreport"_s, answers.job + 50);
+    QStringList all;
+    for (const QStringList& names : answers.subreportsBySection)
+        all.append(names);
+    const qsizetype position = all.indexOf(platform::fromCp1252(QByteArrayView(name)));
+    const int usual = position < 0 ? 0 : 100 * job + static_cast<int>(position) + 1;
+    return answerOf<PEJob>(job, u"PEOpenSubreport"_s, usual);
 }
 
 std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, const char* port,
@@ -143,25 +176,25 @@ std::int16_t PESelectPrinter(PEJob job, const char* driver, const char* device, 
 {
     record(u"PESelectPrinter"_s, number(job), textOf(driver), textOf(device), textOf(port),
            mode == nullptr ? u"none"_s : u"mode"_s);
-    return answer<std::int16_t>(u"PESelectPrinter"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESelectPrinter"_s, 1);
 }
 
 std::int16_t PESetGroupSelectionFormula(PEJob job, const char* text)
 {
     record(u"PESetGroupSelectionFormula"_s, number(job), textOf(text));
-    return answer<std::int16_t>(u"PESetGroupSelectionFormula"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESetGroupSelectionFormula"_s, 1);
 }
 
 std::int16_t PESetSelectionFormula(PEJob job, const char* text)
 {
     record(u"PESetSelectionFormula"_s, number(job), textOf(text));
-    return answer<std::int16_t>(u"PESetSelectionFormula"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESetSelectionFormula"_s, 1);
 }
 
 std::int16_t PESetFormula(PEJob job, const char* name, const char* text)
 {
     record(u"PESetFormula"_s, number(job), textOf(name), textOf(text));
-    return answer<std::int16_t>(u"PESetFormula"_s, answers.setFormula);
+    return answerOf<std::int16_t>(job, u"PESetFormula"_s, 1);
 }
 
 std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options)
@@ -175,7 +208,7 @@ std::int16_t PESetWindowOptions(PEJob job, const PEWindowOptions* options)
     for (const std::int16_t flag : flags)
         text += QString::number(flag);
     record(u"PESetWindowOptions"_s, number(job), number(options->StructSize), text);
-    return answer<std::int16_t>(u"PESetWindowOptions"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESetWindowOptions"_s, 1);
 }
 
 std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, std::int32_t top,
@@ -183,26 +216,26 @@ std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, s
 {
     record(u"PEOutputToWindow"_s, number(job), textOf(title), number(left), number(top), number(width),
            number(height), number(style), parent == nullptr ? u"0"_s : u"parent"_s);
-    return answer<std::int16_t>(u"PEOutputToWindow"_s, 1);
+    return answerOf<std::int16_t>(job, u"PEOutputToWindow"_s, 1);
 }
 
 std::int16_t PEOutputToPrinter(PEJob job, std::int16_t copies)
 {
     record(u"PEOutputToPrinter"_s, number(job), number(copies));
-    return answer<std::int16_t>(u"PEOutputToPrinter"_s, 1);
+    return answerOf<std::int16_t>(job, u"PEOutputToPrinter"_s, 1);
 }
 
 std::int16_t PESetPrintOptions(PEJob job, const PEPrintOptions* options)
 {
     record(u"PESetPrintOptions"_s, number(job), number(options->StructSize), number(options->startPageN),
            number(options->stopPageN), number(options->nReportCopies), number(options->collation));
-    return answer<std::int16_t>(u"PESetPrintOptions"_s, 1);
+    return answerOf<std::int16_t>(job, u"PESetPrintOptions"_s, 1);
 }
 
 std::int16_t PEStartPrintJob(PEJob job, std::int16_t wait)
 {
     record(u"PEStartPrintJob"_s, number(job), number(wait));
-    return answer<std::int16_t>(u"PEStartPrintJob"_s, answers.start);
+    return answerOf<std::int16_t>(job, u"PEStartPrintJob"_s, 1);
 }
 
 std::int16_t PEGetErrorCode(PEJob job)

@@ -2,7 +2,8 @@
 #pragma once
 
 // A print engine that prints nothing: it writes down every call with its arguments and answers what a test
-// says. It defines the print operations itself, so a test that links it links no real engine.
+// says. A call that fails answers 0 (-1 for the counts) and leaves the record that it was to fill. It defines
+// the print operations itself, so a test that links it links no real engine.
 
 #include <QHash>
 #include <QStringList>
@@ -10,15 +11,15 @@
 /// Calls so far, each as `Name(argument, …)`; texts up to their first zero, records field by field.
 [[nodiscard]] QStringList& recordedCalls();
 
+/// Jobs count up from 1 while the engine is open. The subreports of a job have the numbers from 101 on (201
+/// on for job 2), in the order of their sections. A call on job 0 fails.
 struct EngineAnswers
 {
-    int job = 1;
     QStringList tableLocations;             ///< `PEGetNTables` is their count
     QHash<int, int> unreadableTables;       ///< table → answer of `PEGetNthTableLocation`
     QList<QStringList> subreportsBySection; ///< names of each section's subreports
-    int setFormula = 1;
-    int start = 1;
-    QString failing; ///< every call of this name answers 0 (-1 for the counts)
+    QString failing;                        ///< every call of this name fails
+    qsizetype failingCall = -1;             ///< the call at this position of the list fails
 };
 [[nodiscard]] EngineAnswers& engineAnswers();
 

@@ -41,6 +41,10 @@ class SelectionFormulaTest : public QObject
 private Q_SLOTS:
     void everyRowYieldsItsTemplate_data();
     void everyRowYieldsItsTemplate();
+    void documentsByDateListTheDays_data();
+    void documentsByDateListTheDays();
+    void formulaOfOneFormHasNoEyesForThePage_data();
+    void formulaOfOneFormHasNoEyesForThePage();
     void rangesOfMasterReportsAreTrimmed();
     void untouchedBoxesOf725SelectAllZonesAsText();
     void oneDayGivesAListOfOneDateWithoutComma();
@@ -140,6 +144,49 @@ void SelectionFormulaTest::everyRowYieldsItsTemplate()
 
     QVERIFY(formula.has_value());
     QTEST(*formula, "formula");
+}
+
+void SelectionFormulaTest::documentsByDateListTheDays_data()
+{
+    QTest::addColumn<double>("report");
+    QTest::addColumn<QString>("column");
+    QTest::newRow("2") << 2.0 << u"{ALBARANESTabla.ALBARANFecha}"_s;
+    QTest::newRow("3") << 3.0 << u"{PEDIDOSTabla.PEDIDOSFecha}"_s;
+    QTest::newRow("4") << 4.0 << u"{PresupuestoTabla.PRECOMFecha}"_s;
+    QTest::newRow("5") << 5.0 << u"{COMPRASPEDIDOSTabla.COMPRASPEDIDOSFecha}"_s;
+    QTest::newRow("7") << 7.0 << u"{COMPRASAlbaranesTabla.COMPRASAlbaranFecha}"_s;
+    QTest::newRow("8") << 8.0 << u"{ComprasFacturaTabla.COMPRASFacturaFecha}"_s;
+}
+
+void SelectionFormulaTest::documentsByDateListTheDays()
+{
+    QFETCH(double, report);
+    QFETCH(QString, column);
+    FormulaChoices choices = choicesOf(report);
+    choices.isDatesPageUp = true;
+    choices.date2 = QDate(2024, 3, 2);
+
+    QCOMPARE(selectionFormula(choices), column + u" in [\"01/03/2024\", \"02/03/2024\"]"_s);
+}
+
+void SelectionFormulaTest::formulaOfOneFormHasNoEyesForThePage_data()
+{
+    QTest::addColumn<double>("report");
+    for (const double report :
+         {6.0, 444.0, 525.0, 662.0, 725.0, 726.0, 888.0, 1099.0, 5001.0, 5002.0, 8888.0})
+        QTest::addRow("%g", report) << report;
+}
+
+void SelectionFormulaTest::formulaOfOneFormHasNoEyesForThePage()
+{
+    QFETCH(double, report);
+    FormulaChoices choices = choicesOf(report);
+    choices.lookupFormula = u"{ClientesTabla.CliCodigo} = '1'"_s;
+    const std::optional<QString> byNumber = selectionFormula(choices);
+    choices.isDatesPageUp = true;
+
+    QVERIFY(byNumber.has_value() && !byNumber->isEmpty());
+    QCOMPARE(selectionFormula(choices), byNumber);
 }
 
 void SelectionFormulaTest::rangesOfMasterReportsAreTrimmed()
