@@ -39,7 +39,8 @@ double pushDown(std::vector<PlacedItem>& items)
         for (std::size_t j = 0; j < i; ++j) {
             const PlacedItem& above = items[order[j]];
             const double bottom = above.item->y + above.item->height;
-            if (bottom <= here.item->y && !above.item->toFoot)
+            const bool below = bottom <= here.item->y && above.item->y < here.item->y;
+            if (below && !above.item->toFoot)
                 shift = std::max(shift, shifts[order[j]] + above.height - above.item->height);
         }
         before = std::max(before, here.item->y + here.item->height);

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void repeatedValueIsLeftBlank();
     void variableCountsInPrintOrderOnly();
     void subreportPrintsItsOwnRecords();
+    void subreportsSideBySideBeginAtTheSameHeight();
     void fieldThatFailsPrintsEmptyAndCountsOnce();
     void numberTooWideForItsPlaceShowsHashes();
     void tooSmallAPageIsRefused();
@@ -284,6 +285,21 @@ void PagesTest::subreportPrintsItsOwnRecords()
         "y=\"0\" ancho=\"50\"/></seccion>"_s;
     const QStringList texts = pages(kGroup.arg(QString()) + header + detail() + inner, 11);
     QVERIFY(texts[0].startsWith(u"s1 s2 s3 s4 s5 s6 s7 s8 s9 s10 1 2"_s));
+}
+
+/// Four rows each, 10 mm high: side by side two such details fit on a page, one below the other a single one.
+void PagesTest::subreportsSideBySideBeginAtTheSameHeight()
+{
+    const QString places =
+        u"<seccion tipo=\"detalle\" alto=\"1\"><subinforme nombre=\"A\" x=\"0\" y=\"0\" ancho=\"40\"/>"
+        "<subinforme nombre=\"B\" x=\"45\" y=\"0\" ancho=\"40\"/></seccion>"_s;
+    const QString rows =
+        u"<definicion nombre=\"%1\"><tabla n=\"0\" alias=\"T\" fichero=\"@0\"/>"
+        "<vinculo campo=\"{T.G}\" con=\"{T.G}\"/><seleccion><![CDATA[{T.N} <= 4]]></seleccion>%2</definicion>"_s;
+    const QString four = section(u"tipo=\"detalle\""_s, u"ToText({T.N},0)"_s);
+
+    QCOMPARE(pages(places + rows.arg(u"A"_s, four) + rows.arg(u"B"_s, four), 2),
+             QStringList{u"1 2 3 4 1 2 3 4 1 2 3 4 1 2 3 4 p1/1"_s});
 }
 
 void PagesTest::fieldThatFailsPrintsEmptyAndCountsOnce()
