@@ -41,7 +41,8 @@ climant::climant(QWidget* parent)
 
 climant::~climant() = default;
 
-/// What a form file can't hold: the items of the side bar and the line menu.
+/// What a form file can't hold: the items of the side bar, the line menu, and the place of another form's
+/// controls in the tab order.
 void climant::setUpControls()
 {
     ui->SSListBar1->addGroup(u"Clientes S.A.T."_s);
@@ -51,6 +52,7 @@ void climant::setUpControls()
     ui->SSListBar1->addItem(u"SALIR"_s, u"&Salir"_s, platform::icon(platform::Icon::Quit));
     showPicture(*ui->imgwl, kFirstPicture);
     ui->consultas->setClientControls({ui->Text49, ui->vsFlexGrid4, ui->SSTab1});
+    platform::placePageInTabOrder(ui->Text60, ui->consultas);
 
     m_menucli = new QMenu(this);
     m_menucli->setObjectName(u"menucli"_s);

@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <utility>
+
 namespace platform {
 
 namespace {
@@ -47,6 +49,19 @@ void sendTab(QWidget* form)
         if (QApplication::activeWindow() == form && (!modal || modal == form))
             FocusMover::moveOn(form);
     });
+}
+
+void placePageInTabOrder(QWidget* before, QWidget* page)
+{
+    QList<QWidget*> controls;
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+        if (page->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus))
+            controls.append(next);
+    }
+    for (QWidget* control : std::as_const(controls)) {
+        QWidget::setTabOrder(before, control);
+        before = control;
+    }
 }
 
 void execModal(QDialog* dialog)

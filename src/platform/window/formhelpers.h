@@ -25,6 +25,10 @@ void setMousePointer(QWidget* form, int pointer);
 /// active window by then.
 void sendTab(QWidget* form);
 
+/// Moves the controls of a page that came from a form of its own right behind a control of the window in the
+/// tab order. Among themselves they keep the order of their form.
+void placePageInTabOrder(QWidget* before, QWidget* page);
+
 /// Shows a dialog as window-modal and returns when it is closed. Visible already: Failure 400.
 void execModal(QDialog* dialog);
 

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void unknownPointerFails();
     void sentTabMovesOnAfterTheHandler();
     void sentTabIsDroppedWhenTheWindowIsNotActive();
+    void pageOfAnotherFormTakesItsPlaceInTheTabOrder();
     void dialogShownAlreadyFails();
     void popupReturnsAfterTheHandlerHasRun();
     void popupRunsNoFocusRule();
@@ -102,6 +103,26 @@ void FormHelpersTest::sentTabIsDroppedWhenTheWindowIsNotActive()
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window.get()));
     QVERIFY(first->hasFocus());
+}
+
+void FormHelpersTest::pageOfAnotherFormTakesItsPlaceInTheTabOrder()
+{
+    auto* page = new QWidget;
+    auto* pageLayout = new QVBoxLayout(page);
+    auto* upper = new TextBox(page);
+    auto* lower = new TextBox(page);
+    pageLayout->addWidget(upper);
+    pageLayout->addWidget(lower);
+    window->layout()->addWidget(page);
+    page->show();
+    QWidget::setTabOrder(lower, upper);
+
+    platform::placePageInTabOrder(first, page);
+
+    for (const TextBox* next : {lower, upper, second, first}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(next->hasFocus());
+    }
 }
 
 void FormHelpersTest::dialogShownAlreadyFails()
