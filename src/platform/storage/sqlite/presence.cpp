@@ -3,11 +3,24 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/storage/sqlite/heldreading.h"
 #include "platform/storage/sqlite/rangelock.h"
 
 using namespace Qt::StringLiterals;
 
 namespace platform::storage::sqlite {
+
+namespace {
+
+/// A reading of our own that is still under way doesn't keep the store from being had alone: it ends first.
+LockResult lockPresence(int descriptor, LockKind kind)
+{
+    const LockResult result = tryLock(descriptor, kPresenceByte, kind);
+    return result == LockResult::Refused && finishHeldReadings() ? tryLock(descriptor, kPresenceByte, kind)
+                                                                 : result;
+}
+
+} // namespace
 
 void takePresence(const Sidecar& sidecar, Sharing sharing)
 {
@@ -17,7 +30,7 @@ void takePresence(const Sidecar& sidecar, Sharing sharing)
         return;
     }
     const LockKind kind = sharing == Sharing::Shared ? LockKind::Shared : LockKind::Exclusive;
-    switch (tryLock(sidecar.descriptor(), kPresenceByte, kind)) {
+    switch (lockPresence(sidecar.descriptor(), kind)) {
     case LockResult::Taken:
         return;
     case LockResult::Refused:
