@@ -180,6 +180,8 @@ void FaultPlan::check(Operation asked, const QString& onTable, const QStringList
 {
     ++count;
     ++counts[asked];
+    if (!onTable.isEmpty())
+        tables.insert(onTable);
     const bool tableFails = !table.isEmpty() && onTable.compare(table, Qt::CaseInsensitive) == 0;
     const bool columnFails = !column.isEmpty() && columns.contains(column, Qt::CaseInsensitive);
     if (count == nth || operation == asked || tableFails || columnFails)

@@ -14,6 +14,7 @@
 #include "platform/storage/storage.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -56,6 +57,7 @@ public:
 
     int count = 0;
     QHash<Operation, int> counts;
+    QSet<QString> tables;
     int nth = 0;
     int number = 0;
     std::optional<Operation> operation;
@@ -72,6 +74,8 @@ public:
     /// Operations passed on or failed since the beginning, `restart`, or the last of the functions below.
     [[nodiscard]] int count() const { return m_plan->count; }
     [[nodiscard]] int count(Operation operation) const { return m_plan->counts.value(operation); }
+    /// Tables that those operations were about, by the names they were asked for.
+    [[nodiscard]] QSet<QString> tables() const { return m_plan->tables; }
     /// Counts from 0 again and lets everything pass.
     void restart();
     /// The nth operation from now on (1 is the next one) fails, once.
