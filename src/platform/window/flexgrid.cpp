@@ -5,6 +5,7 @@
 #include "platform/core/failurenumbers.h"
 #include "platform/window/flexdelegate.h"
 #include "platform/window/flexmodel.h"
+#include "platform/window/gridaccessible.h"
 
 #include <QHeaderView>
 
@@ -17,6 +18,7 @@ FlexGrid::FlexGrid(QWidget* parent)
     , m_model(std::make_unique<FlexModel>())
     , m_delegate(new FlexDelegate(this))
 {
+    provideGridAccessibility();
     setModel(m_model.get());
     setItemDelegate(m_delegate);
     setSelectionMode(QAbstractItemView::SingleSelection);

@@ -101,6 +101,14 @@ public:
     [[nodiscard]] bool fillsWidth() const { return m_fillsWidth; }
     void setFillsWidth(bool fills);
 
+    // --- what the user does, by other means than keys and mouse
+
+    /// Moves to a cell below the heading as the arrow keys do, and brings it into view. Outside: Failure 381.
+    void moveTo(int row, int col);
+    /// Does to the current cell what a key does: turns its tick, opens its list or its button's window, or
+    /// begins to edit it. In a grid that isn't editable it is Enter. Nothing on the heading.
+    void pressCurrentCell();
+
     // --- editing
 
     [[nodiscard]] bool isEditable() const { return m_editable; }
@@ -162,6 +170,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyboardSearch(const QString& search) override;
@@ -184,6 +193,10 @@ private:
     [[nodiscard]] double widthScale() const;
     [[nodiscard]] double basePixels(int col) const;
     [[nodiscard]] int heightOfRows() const;
+
+    // flexgridpress.cpp
+    void tellFocus();
+    void tellCheck(const QModelIndex& index);
 
     // flexgridevents.cpp
     void reportKey(const QKeyEvent& event);

@@ -187,17 +187,23 @@ void FlexGrid::focusInEvent(QFocusEvent* event)
     // Not the item view's own: that would make the first cell current.
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+    // Behind what Qt says of the grid as a whole.
+    QMetaObject::invokeMethod(
+        this, [this] { tellFocus(); }, Qt::QueuedConnection);
 }
 
 void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
-    if (m_placingCursor || !current.isValid())
-        return;
-    m_row = current.row() + 1;
-    m_col = current.column();
-    viewport()->update();
-    Q_EMIT RowColChange();
+    // Not the table view's own: it would name a cell by its place among the children of Qt's own tables.
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+    if (!m_placingCursor && current.isValid()) {
+        m_row = current.row() + 1;
+        m_col = current.column();
+        viewport()->update();
+    }
+    tellFocus();
+    if (!m_placingCursor && current.isValid())
+        Q_EMIT RowColChange();
 }
 
 bool FlexGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
@@ -265,6 +271,7 @@ void FlexGrid::toggleTick(const QModelIndex& index)
     const int col = index.column();
     m_model->setText(row, col,
                      isTickedText(m_model->text(row, col)) ? QStringLiteral("0") : QStringLiteral("1"));
+    tellCheck(index);
     Q_EMIT AfterEdit(row, col);
 }
 

@@ -180,9 +180,9 @@ QString FlexModel::spokenText(int row, int col) const
 {
     QString heading = text(0, col);
     const QString value = look(row, col);
-    if (heading.isEmpty() || column(col).kind == CellKind::Boolean)
+    if (value.isEmpty() || column(col).kind == CellKind::Boolean)
         return heading;
-    return value.isEmpty() ? heading : heading + QStringLiteral(": ") + value;
+    return heading.isEmpty() ? value : heading + QStringLiteral(": ") + value;
 }
 
 void FlexModel::repaintCells()
