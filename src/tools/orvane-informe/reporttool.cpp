@@ -5,7 +5,7 @@
 #include "platform/print/output/exports.h"
 #include "platform/print/problem.h"
 #include "platform/system/clock.h"
-#include "platform/system/paths.h"
+#include "tools/orvane-informe/command.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,120 +13,55 @@
 #include <QRegularExpression>
 #include <QTextStream>
 
-#include <optional>
-
 using namespace Qt::StringLiterals;
-using namespace platform;
 using namespace platform::print;
 
 namespace orvane::tools {
 namespace {
 
-struct Command
-{
-    QString name;
-    QString file;
-    QString data;    ///< data root
-    QString company; ///< number of the company whose stores are read
-    QString pdf;
-    QString csv;
-    QStringList formulas; ///< NAME=TEXT
-    std::optional<QString> where;
-};
+constexpr int kWell = 0;
+constexpr int kFaults = 1;
+constexpr int kRefused = 2;
 
 constexpr char kUsage[] =
-    "orvane-informe check FICHERO [--data RAÍZ --company NÚMERO]\n"
-    "    examina el informe y dice cada falta en una línea; con la raíz de datos, también sus columnas\n"
-    "orvane-informe render FICHERO --data RAÍZ --company NÚMERO (--pdf SALIDA | --csv SALIDA)\n"
-    "               [--where FÓRMULA] [--formula NOMBRE=TEXTO]...\n"
-    "    escribe el informe con los datos de la empresa\n"
-    "orvane-informe fields FICHERO\n"
-    "    lista las tablas, columnas y fórmulas que el informe nombra\n"
-    "orvane-informe --help\n";
+    "Uso: orvane-informe check FICHERO [--data RAÍZ [--company NÚMERO]]\n"
+    "     orvane-informe render FICHERO --data RAÍZ --company NÚMERO (--pdf SALIDA | --csv SALIDA)\n"
+    "                    [--where FÓRMULA] [--formula NOMBRE=TEXTO]...\n"
+    "     orvane-informe fields FICHERO\n"
+    "\n"
+    "  check    examina el informe y dice cada falta en una línea; con la raíz de datos, también\n"
+    "           busca en ella sus tablas y columnas (las de la primera empresa, si no se dice cuál)\n"
+    "  render   escribe el informe con los datos de la empresa\n"
+    "             --where FÓRMULA         selección, en lugar de la del informe\n"
+    "             --formula NOMBRE=TEXTO  texto nuevo de una fórmula del informe\n"
+    "  fields   lista las tablas, columnas y fórmulas que el informe nombra\n"
+    "\n"
+    "  --help     muestra esta ayuda\n"
+    "  --version  muestra la versión\n"
+    "\n"
+    "Termina con 0 si todo va bien, 1 si el informe tiene faltas o no se puede hacer y 2 si la orden\n"
+    "está mal escrita.\n";
 
-/// The option's place in the command; null for an unknown option.
-QString* optionOf(Command& command, const QString& option)
+/// Something that keeps the command from being done; one line in Spanish.
+void tell(QTextStream& err, const QString& text)
 {
-    if (option == u"--data")
-        return &command.data;
-    if (option == u"--company")
-        return &command.company;
-    if (option == u"--pdf")
-        return &command.pdf;
-    return option == u"--csv" ? &command.csv : nullptr;
+    err << u"orvane-informe: "_s << text << u'\n';
 }
 
-bool isComplete(const Command& command)
+QByteArray contentOf(const QString& path)
 {
-    if (command.name == u"fields")
-        return true;
-    const bool hasData = !command.data.isEmpty() && !command.company.isEmpty();
-    if (command.name == u"check")
-        return hasData || command.data.isEmpty();
-    return command.name == u"render" && hasData && command.pdf.isEmpty() != command.csv.isEmpty();
-}
-
-std::optional<Command> parseArguments(const QStringList& arguments)
-{
-    Command command;
-    if (arguments.size() < 2)
-        return std::nullopt;
-    command.name = arguments[0];
-    command.file = arguments[1];
-    for (qsizetype i = 2; i < arguments.size(); i += 2) {
-        if (i + 1 >= arguments.size())
-            return std::nullopt;
-        const QString& value = arguments[i + 1];
-        if (QString* place = optionOf(command, arguments[i]))
-            *place = value;
-        else if (arguments[i] == u"--where")
-            command.where = value;
-        else if (arguments[i] == u"--formula" && value.contains(u'='))
-            command.formulas += value;
-        else
-            return std::nullopt;
-    }
-    return isComplete(command) ? std::optional(command) : std::nullopt;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw CommandFault(u"no se puede leer «%1»"_s.arg(path));
+    return file.readAll();
 }
 
 std::unique_ptr<Report> readFile(const Command& command, QTextStream& err)
 {
-    QFile file(command.file);
-    if (!file.open(QIODevice::ReadOnly)) {
-        err << command.file << u": no se puede leer\n"_s;
-        return nullptr;
-    }
-    ReadReport read = readReport(file.readAll());
+    ReadReport read = readReport(contentOf(command.file));
     for (const DefinitionFault& fault : read.faults)
         err << describe(QFileInfo(command.file).fileName(), fault) << u'\n';
     return read.report ? std::make_unique<Report>(std::move(*read.report)) : nullptr;
-}
-
-/// A table lies in the company's folder if its file is there, in the data root, or else beside the report.
-QString locate(const Command& command, const QString& name)
-{
-    for (const QString& folder : {command.data + u"/Empresa"_s + command.company, command.data}) {
-        const QString path = nativePath(folder + u'/' + name);
-        if (QFileInfo::exists(path))
-            return path;
-    }
-    return nativePath(QFileInfo(command.file).absolutePath() + u'/' + name);
-}
-
-TablePaths pathsOf(const Command& command, const Report& report, const TablePaths& mainPaths)
-{
-    TablePaths paths;
-    for (const Table& table : report.tables) {
-        if (!table.file.startsWith(u'@')) {
-            paths += locate(command, table.file);
-            continue;
-        }
-        const TablePaths& known = mainPaths.isEmpty() ? paths : mainPaths;
-        const QString other = known.value(table.file.mid(1).section(u'/', 0, 0).toInt());
-        const QString name = table.file.section(u'/', 1);
-        paths += name.isEmpty() ? other : nativePath(QFileInfo(other).path() + u'/' + name);
-    }
-    return paths;
 }
 
 std::vector<TablePaths> subreportPaths(const Command& command, const Report& report,
@@ -134,50 +69,77 @@ std::vector<TablePaths> subreportPaths(const Command& command, const Report& rep
 {
     std::vector<TablePaths> paths;
     for (const Report& subreport : report.subreports)
-        paths.push_back(pathsOf(command, subreport, mainPaths));
+        paths.push_back(tablePaths(command, subreport, mainPaths));
     return paths;
+}
+
+/// What stands in braces anywhere in the file's formulas and texts, each once, without regard to case.
+QStringList namesInBraces(const QByteArray& file)
+{
+    static const QRegularExpression comments(u"<!--.*?-->"_s, QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression braces(u"(?<!\\{)\\{([^{}\\n]+)\\}"_s);
+    QMap<QString, QString> names;
+    const QString text = QString::fromUtf8(file).remove(comments);
+    for (const QRegularExpressionMatch& match : braces.globalMatch(text))
+        names.insert(match.captured(1).toCaseFolded(), match.captured(1));
+    return names.values();
+}
+
+void listNames(const Command& command, bool formulas, QTextStream& out)
+{
+    for (const QString& name : namesInBraces(contentOf(command.file))) {
+        const bool formula = name.startsWith(u'@');
+        if (!formula || formulas)
+            out << (formula ? u"fórmula "_s : u"columna "_s) << name << u'\n';
+    }
 }
 
 int check(const Command& command, QTextStream& out, QTextStream& err)
 {
     const std::unique_ptr<Report> report = readFile(command, err);
     if (!report)
-        return 1;
+        return kFaults;
     if (!command.data.isEmpty()) {
-        const TablePaths paths = pathsOf(command, *report, {});
+        const TablePaths paths = tablePaths(command, *report);
         Execution(*report, platform::now()).check(paths, subreportPaths(command, *report, paths));
         for (qsizetype i = 0; i < paths.size(); ++i)
-            out << report->tables[static_cast<std::size_t>(i)].alias << u": "_s << paths[i] << u'\n';
+            out << u"tabla "_s << report->tables[static_cast<std::size_t>(i)].alias << u": "_s << paths[i]
+                << u'\n';
+        listNames(command, false, out);
     }
     out << QFileInfo(command.file).fileName() << u": correcto\n"_s;
-    return 0;
+    return kWell;
+}
+
+void replaceFormulas(const Command& command, Report& report)
+{
+    if (command.where)
+        report.selection = formula::Formula(*command.where);
+    for (const QString& entry : command.formulas) {
+        const QString name = entry.section(u'=', 0, 0);
+        FormulaField* field = report.formulaField(name);
+        if (field == nullptr)
+            throw CommandFault(u"el informe no tiene la fórmula «%1»"_s.arg(name));
+        field->formula = formula::Formula(entry.section(u'=', 1));
+    }
 }
 
 int render(const Command& command, QTextStream& out, QTextStream& err)
 {
     std::unique_ptr<Report> report = readFile(command, err);
     if (!report)
-        return 1;
-    if (command.where)
-        report->selection = formula::Formula(*command.where);
-    for (const QString& entry : command.formulas) {
-        FormulaField* field = report->formulaField(entry.section(u'=', 0, 0));
-        if (field == nullptr) {
-            err << u"el informe no tiene la fórmula «"_s << entry.section(u'=', 0, 0) << u"»\n"_s;
-            return 1;
-        }
-        field->formula = formula::Formula(entry.section(u'=', 1));
-    }
+        return kFaults;
+    replaceFormulas(command, *report);
     const QString title = report->name;
-    const TablePaths paths = pathsOf(command, *report, {});
+    const TablePaths paths = tablePaths(command, *report);
     const std::vector<TablePaths> inner = subreportPaths(command, *report, paths);
     Document document(std::move(report), QFileInfo(command.file).absolutePath(), platform::now());
     document.start(paths, inner);
     const bool records = !command.csv.isEmpty();
     const QString output = records ? command.csv : command.pdf;
     if (records ? !writeCsv(document, output) : !writePdf(document, output, title)) {
-        err << u"no se puede escribir «"_s << output << u"»\n"_s;
-        return 1;
+        tell(err, u"no se puede escribir «%1»"_s.arg(output));
+        return kFaults;
     }
     out << output << u": "_s << document.recordCount() << u" registros"_s;
     if (!records)
@@ -185,32 +147,18 @@ int render(const Command& command, QTextStream& out, QTextStream& err)
     out << u'\n';
     if (!document.notes().isEmpty())
         out << document.notes() << u'\n';
-    return 0;
-}
-
-/// What stands in braces anywhere in the file's formulas and texts, each once, without regard to case.
-QStringList namesInBraces(const QByteArray& file)
-{
-    static const QRegularExpression braces(u"(?<!\\{)\\{([^{}\\n]+)\\}"_s);
-    QMap<QString, QString> names;
-    for (const QRegularExpressionMatch& match : braces.globalMatch(QString::fromUtf8(file)))
-        names.insert(match.captured(1).toCaseFolded(), match.captured(1));
-    return names.values();
+    return kWell;
 }
 
 int fields(const Command& command, QTextStream& out, QTextStream& err)
 {
     const std::unique_ptr<Report> report = readFile(command, err);
     if (!report)
-        return 1;
+        return kFaults;
     for (const Table& table : report->tables)
         out << u"tabla "_s << table.alias << u": "_s << table.file << u'\n';
-    QFile file(command.file);
-    if (!file.open(QIODevice::ReadOnly))
-        return 1;
-    for (const QString& name : namesInBraces(file.readAll()))
-        out << (name.startsWith(u'@') ? u"fórmula "_s : u"columna "_s) << name << u'\n';
-    return 0;
+    listNames(command, true, out);
+    return kWell;
 }
 
 int run(const Command& command, QTextStream& out, QTextStream& err)
@@ -224,20 +172,25 @@ int run(const Command& command, QTextStream& out, QTextStream& err)
 
 int runReportTool(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
-    if (arguments.size() == 1 && arguments.first() == u"--help") {
+    if (arguments.contains(u"--help") || arguments.contains(u"-h")) {
         out << QString::fromUtf8(kUsage);
-        return 0;
+        return kWell;
     }
-    const std::optional<Command> command = parseArguments(arguments);
-    if (!command) {
-        err << QString::fromUtf8(kUsage);
-        return 2;
+    if (arguments.contains(u"--version")) {
+        out << u"orvane-informe "_s << QStringLiteral(ORVANE_VERSION) << u'\n';
+        return kWell;
     }
+    QString file;
     try {
-        return run(*command, out, err);
+        const Command command = parseCommand(arguments);
+        file = QFileInfo(command.file).fileName();
+        return run(command, out, err);
+    } catch (const CommandFault& fault) {
+        tell(err, file.isEmpty() ? u"%1 (véase --help)"_s.arg(fault.text()) : fault.text());
+        return file.isEmpty() ? kRefused : kFaults;
     } catch (const Problem& problem) {
-        err << QFileInfo(command->file).fileName() << u": "_s << problem.text() << u'\n';
-        return 1;
+        err << file << u": "_s << problem.text() << u'\n';
+        return kFaults;
     }
 }
 

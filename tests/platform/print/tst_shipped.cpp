@@ -28,6 +28,10 @@ private Q_SLOTS:
     void toolListsWhatAReportReads();
     void toolRefusesAWrongCommandLine_data();
     void toolRefusesAWrongCommandLine();
+    void toolSaysWhyItCantBeDone_data();
+    void toolSaysWhyItCantBeDone();
+    void toolSaysThatAFileCantBeRead();
+    void toolChecksAgainstTheFirstCompany();
     void toolHelpsOnRequest();
     void maintenanceNoteForEachClientInTheOrderOfTheRoad();
     void maintenanceNoteLeavesEndedConceptsOut();
@@ -200,28 +204,98 @@ void ShippedTest::toolListsWhatAReportReads()
 void ShippedTest::toolRefusesAWrongCommandLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("nothing") << QStringList{};
-    QTest::newRow("no file") << QStringList{u"check"_s};
-    QTest::newRow("unknown command") << QStringList{u"print"_s, u"a.rpt"_s};
-    QTest::newRow("unknown option") << QStringList{u"check"_s, u"a.rpt"_s, u"--all"_s, u"x"_s};
-    QTest::newRow("option without value") << QStringList{u"check"_s, u"a.rpt"_s, u"--data"_s};
-    QTest::newRow("data without company") << QStringList{u"check"_s, u"a.rpt"_s, u"--data"_s, u"."_s};
-    QTest::newRow("render without output")
-        << QStringList{u"render"_s, u"a.rpt"_s, u"--data"_s, u"."_s, u"--company"_s, u"1"_s};
+    QTest::addColumn<QString>("fault");
+    const QString root = m_root.path();
+    const auto row = [](const char* name, const QString& arguments, const QString& fault) {
+        QTest::newRow(name) << arguments.split(u' ', Qt::SkipEmptyParts) << fault;
+    };
+    row("nothing", u""_s, u"falta la orden: check, render o fields"_s);
+    row("unknown command", u"print a.rpt"_s, u"orden desconocida «print»: check, render o fields"_s);
+    row("no file", u"check"_s, u"falta el fichero del informe"_s);
+    row("an option for the file", u"check --data ."_s, u"falta el fichero del informe"_s);
+    row("unknown option", u"check a.rpt --all x"_s, u"opción desconocida «--all»"_s);
+    row("one argument too many", u"check a.rpt b.rpt"_s, u"sobra el argumento «b.rpt»"_s);
+    row("option without value", u"check a.rpt --data"_s, u"falta el valor de --data"_s);
+    row("company without data", u"check a.rpt --company 12"_s, u"--company sin --data"_s);
+    row("selection for check", u"check a.rpt --where True"_s,
+        u"--where, --formula, --pdf y --csv son de render"_s);
+    row("data for fields", u"fields a.rpt --data ."_s, u"fields no lleva --data"_s);
+    row("render without data", u"render a.rpt --pdf b"_s, u"falta --data"_s);
+    row("render without company", u"render a.rpt --data . --pdf b"_s, u"falta --company"_s);
+    row("render without output", u"render a.rpt --data . --company 1"_s,
+        u"hace falta una salida: --pdf o --csv"_s);
+    row("render to both", u"render a.rpt --data . --company 1 --pdf b --csv c"_s,
+        u"hace falta una salida: --pdf o --csv"_s);
+    row("formula without text", u"render a.rpt --formula F"_s, u"--formula quiere NOMBRE=TEXTO, no «F»"_s);
+    row("no such data root", u"check a.rpt --data /no/hay"_s, u"no existe la carpeta «/no/hay»"_s);
+    row("a data root without companies", u"check a.rpt --data %1/Empresa00012"_s.arg(root),
+        u"«%1/Empresa00012» no tiene ninguna carpeta de empresa"_s.arg(root));
+    row("no such company", u"check a.rpt --data %1 --company 9"_s.arg(root),
+        u"«%1» no tiene la empresa 00009"_s.arg(root));
 }
 
 void ShippedTest::toolRefusesAWrongCommandLine()
 {
     QFETCH(const QStringList, arguments);
+    QFETCH(const QString, fault);
 
     QCOMPARE(runTool(arguments), 2);
-    QVERIFY(m_err.startsWith(u"orvane-informe check FICHERO"_s));
+    QCOMPARE(m_err, u"orvane-informe: %1 (véase --help)\n"_s.arg(fault));
+    QVERIFY(m_out.isEmpty());
+}
+
+void ShippedTest::toolSaysWhyItCantBeDone_data()
+{
+    QTest::addColumn<QStringList>("more");
+    QTest::addColumn<QString>("fault");
+    const auto row = [](const char* name, const QStringList& more, const QString& fault) {
+        QTest::newRow(name) << more << fault;
+    };
+    row("bad selection", {u"--where"_s, u"{ClientesTabla.CliCodigo} in '1' to"_s},
+        u"clientes.rpt: selección, 1:36: se esperaba un valor"_s);
+    row("selection by an unknown column", {u"--where"_s, u"{ClientesTabla.Nada} = ''"_s},
+        u"clientes.rpt: selección, 1:1: la tabla «ClientesTabla» no tiene la columna «Nada»"_s);
+    row("unknown formula", {u"--formula"_s, u"Nada=1"_s},
+        u"orvane-informe: el informe no tiene la fórmula «Nada»"_s);
+    row("output that can't be written", {u"--pdf"_s, u"/no/hay/x.pdf"_s},
+        u"orvane-informe: no se puede escribir «/no/hay/x.pdf»"_s);
+}
+
+void ShippedTest::toolSaysWhyItCantBeDone()
+{
+    QFETCH(const QStringList, more);
+    QFETCH(const QString, fault);
+
+    const QStringList arguments{
+        u"render"_s, reportPath(u"clientes.rpt"_s), u"--data"_s, m_root.path(), u"--company"_s, u"12"_s,
+        u"--pdf"_s,  m_root.filePath(u"x.pdf"_s)};
+    QCOMPARE(runTool(arguments + more), 1);
+    QCOMPARE(m_err, fault + u'\n');
+    QVERIFY(m_out.isEmpty());
+}
+
+void ShippedTest::toolSaysThatAFileCantBeRead()
+{
+    QCOMPARE(runTool({u"check"_s, u"/no/hay.rpt"_s}), 1);
+    QCOMPARE(m_err, u"orvane-informe: no se puede leer «/no/hay.rpt»\n"_s);
+}
+
+void ShippedTest::toolChecksAgainstTheFirstCompany()
+{
+    QCOMPARE(runTool({u"check"_s, reportPath(u"clientes.rpt"_s), u"--data"_s, m_root.path()}), 0);
+
+    QVERIFY2(m_out.startsWith(u"tabla ClientesTabla: %1/Empresa00012/CLIENTES.MDB\n"_s.arg(m_root.path())),
+             qPrintable(m_out));
+    QVERIFY(m_out.contains(u"\ncolumna ClientesTabla.CliNombre\n"_s));
+    QVERIFY(m_out.endsWith(u"\nclientes.rpt: correcto\n"_s));
 }
 
 void ShippedTest::toolHelpsOnRequest()
 {
-    QCOMPARE(runTool({u"--help"_s}), 0);
+    QCOMPARE(runTool({u"render"_s, u"--help"_s}), 0);
     QVERIFY(m_out.contains(u"--where FÓRMULA"_s));
+    QCOMPARE(runTool({u"--version"_s}), 0);
+    QVERIFY(m_out.startsWith(u"orvane-informe 3."_s));
 }
 
 void ShippedTest::maintenanceNoteForEachClientInTheOrderOfTheRoad()
