@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/core/failurenumbers.h"
 #include "platform/storage/damage.h"
-#include "platform/storage/sqlite/repair.h"
+#include "platform/storage/upkeep.h"
 
 using namespace platform;
 using namespace platform::storage;
 using namespace platform::storage::test;
-using platform::storage::sqlite::RepairResult;
-using platform::storage::sqlite::repairStore;
 
 class RepairTest : public QObject
 {
@@ -96,10 +94,13 @@ void RepairTest::soundFileComesBackWhole()
     fill(folder);
     const auto before = folder.open()->tables();
 
-    const RepairResult result = repairStore(folder.path(), {});
+    const RepairAccount account = repairStore(folder.path(), {});
 
-    QCOMPARE(result.rows, kRows);
-    QCOMPARE(result.refusedRows, 0);
+    QCOMPARE(account.tables.size(), 1U);
+    QCOMPARE(account.tables.front().readable, kRows);
+    QCOMPARE(account.tables.front().refused, 0);
+    QVERIFY(account.tables.front().lost.empty());
+    QVERIFY(account.tables.front().isCertain);
     const auto connection = folder.open();
     const auto table = connection->openTable(u"CLIENTES"_s);
     Row row;
@@ -141,10 +142,11 @@ void RepairTest::rowThatViolatesAKeyIsLeftOutAndCounted()
              "UPDATE CLIENTES SET CODIGO = '0000000001' WHERE rowid = 7;"
              "UPDATE CLIENTES SET CODIGO = NULL WHERE rowid = 8");
 
-    const RepairResult result = repairStore(folder.path(), {clients()});
+    const RepairAccount account = repairStore(folder.path(), {clients()});
 
-    QCOMPARE(result.rows, 18);
-    QCOMPARE(result.refusedRows, 2);
+    QCOMPARE(account.tables.front().readable, 20);
+    QCOMPARE(account.tables.front().refused, 2);
+    QCOMPARE(folder.open()->openTable(u"CLIENTES"_s)->count(), 18);
 }
 
 void RepairTest::olderNarrowerTableKeepsItsColumns()

@@ -9,13 +9,21 @@
 
 namespace platform::storage::sqlite {
 
+/// What is added to a store's name for the file put aside (a number follows) and for the new one.
+struct AsideNames
+{
+    QString kept;
+    QString replacement;
+};
+
 class DamagedFile
 {
 public:
-    /// Gives the file the first free name `<name>.dañado-N`, with the journal that a crash left beside it.
-    /// Where the file system has links it keeps its own name as well, so that no moment is without a file.
-    /// The caller holds the store exclusively. 3051 no permission in the folder.
-    explicit DamagedFile(const QString& path);
+    /// Gives the file the first free name `<name>.dañado-N`, or that of `names`, with the journal that a
+    /// crash left beside it. Where the file system has links it keeps its own name as well, so that no moment
+    /// is without a file. The caller holds the store exclusively. 3051 no permission in the folder.
+    explicit DamagedFile(const QString& path,
+                         const AsideNames& names = {QStringLiteral(".dañado-"), QStringLiteral(".reparado")});
     /// Undoes the putting aside unless `replace()` was called.
     ~DamagedFile();
     DamagedFile(const DamagedFile&) = delete;
@@ -28,12 +36,15 @@ public:
     [[nodiscard]] QByteArray bytes() const;
     /// Puts the new file in the old one's place, durably.
     void replace();
+    /// Leaves no file in the old one's place, durably.
+    void withdraw();
 
 private:
     void putAside();
     [[nodiscard]] bool takeName(const QString& kept);
 
     QString m_path;
+    QString m_keptStart; ///< the name put aside, without its number
     QString m_kept;
     QString m_replacement;
     bool m_linked = false;

@@ -39,12 +39,12 @@ LockResult enterRoom(int descriptor, LockKind kind, Deadline& deadline)
 
 } // namespace
 
-GatePass::GatePass(const Sidecar& sidecar, Task task, bool writes)
+GatePass::GatePass(const Sidecar& sidecar, Task task, bool writes, std::chrono::milliseconds wait)
     : m_descriptor(sidecar.descriptor())
 {
     if (!sidecar.exists())
         return;
-    Deadline deadline = std::chrono::steady_clock::now() + kGateWait;
+    Deadline deadline = std::chrono::steady_clock::now() + wait;
     const LockKind kind = writes ? LockKind::Exclusive : LockKind::Shared;
     // A sidecar that is only readable gives no exclusive lock, so its readers can't queue at the turnstile.
     const LockResult result = sidecar.isWritable() ? enterRoom(m_descriptor, kind, deadline)

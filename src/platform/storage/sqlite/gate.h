@@ -21,14 +21,20 @@ inline constexpr std::chrono::milliseconds kGateWait{2000};
 class GatePass
 {
 public:
-    static GatePass forReading(const Sidecar& sidecar, Task task) { return GatePass(sidecar, task, false); }
-    static GatePass forWriting(const Sidecar& sidecar, Task task) { return GatePass(sidecar, task, true); }
+    static GatePass forReading(const Sidecar& sidecar, Task task, std::chrono::milliseconds wait = kGateWait)
+    {
+        return GatePass(sidecar, task, false, wait);
+    }
+    static GatePass forWriting(const Sidecar& sidecar, Task task)
+    {
+        return GatePass(sidecar, task, true, kGateWait);
+    }
     ~GatePass();
     GatePass(const GatePass&) = delete;
     GatePass& operator=(const GatePass&) = delete;
 
 private:
-    GatePass(const Sidecar& sidecar, Task task, bool writes);
+    GatePass(const Sidecar& sidecar, Task task, bool writes, std::chrono::milliseconds wait);
 
     int m_descriptor;
 };

@@ -10,7 +10,9 @@ namespace platform::storage::sqlite {
 
 namespace {
 
+constexpr unsigned char kIndexInteriorType = 2;
 constexpr unsigned char kTableInteriorType = 5;
+constexpr unsigned char kIndexLeafType = 10;
 constexpr unsigned char kTableLeafType = 13;
 constexpr std::size_t kLeafHeader = 8;
 constexpr std::size_t kInteriorHeader = 12;
@@ -49,10 +51,21 @@ int headerReserved(std::span<const unsigned char> bytes) noexcept
     return reserved <= kMostReserved ? reserved : 0;
 }
 
-/// How much of a payload stands in the leaf page itself.
-std::size_t localLength(quint64 payload, std::size_t usable) noexcept
+/// Most bytes of a payload that a table's leaf page holds itself.
+std::size_t mostInTable(std::size_t usable) noexcept
 {
-    const std::size_t most = usable - 35;
+    return usable - 35;
+}
+
+/// The same for a page of an index.
+std::size_t mostInIndex(std::size_t usable) noexcept
+{
+    return (usable - 12) * 64 / 255 - 23;
+}
+
+/// How much of a payload stands in the page itself.
+std::size_t localLength(quint64 payload, std::size_t usable, std::size_t most) noexcept
+{
     if (payload <= most)
         return static_cast<std::size_t>(payload);
     const std::size_t least = (usable - 12) * 32 / 255 - 23;
@@ -160,28 +173,29 @@ std::optional<SalvagedRow> PageFile::rowAt(Bytes page, std::size_t offset, Allow
     if (!rowId)
         return std::nullopt;
     const std::size_t start = offset + length->length + rowId->length;
-    const std::size_t local = localLength(length->value, m_usable);
-    const bool overflows = local < length->value;
+    std::optional<std::vector<Value>> values =
+        recordAt(page, start, length->value, mostInTable(m_usable), allowance);
+    if (!values)
+        return std::nullopt;
+    return SalvagedRow{static_cast<qint64>(rowId->value), std::move(*values)};
+}
+
+std::optional<std::vector<Value>> PageFile::recordAt(Bytes page, std::size_t start, quint64 length,
+                                                     std::size_t most, Allowance& allowance) const
+{
+    const std::size_t local = localLength(length, m_usable, most);
+    const bool overflows = local < length;
     if (start + local + (overflows ? 4 : 0) > page.size() || local > allowance.bytes)
         return std::nullopt;
     allowance.bytes -= local;
-
-    SalvagedRow row{static_cast<qint64>(rowId->value), {}};
-    std::optional<std::vector<Value>> values;
-    if (overflows) {
-        const void* begin = page.data() + start;
-        QByteArray payload(static_cast<const char*>(begin), static_cast<qsizetype>(local));
-        const auto next = static_cast<quint32>(readBigEndian(page, start + local, 4));
-        if (!followOverflow(next, length->value, payload, allowance))
-            return std::nullopt;
-        values = decodeRecord(unsignedBytes(payload), m_encoding);
-    } else {
-        values = decodeRecord(page.subspan(start, local), m_encoding);
-    }
-    if (!values)
+    if (!overflows)
+        return decodeRecord(page.subspan(start, local), m_encoding);
+    const void* begin = page.data() + start;
+    QByteArray payload(static_cast<const char*>(begin), static_cast<qsizetype>(local));
+    const auto next = static_cast<quint32>(readBigEndian(page, start + local, 4));
+    if (!followOverflow(next, length, payload, allowance))
         return std::nullopt;
-    row.values = std::move(*values);
-    return row;
+    return decodeRecord(unsignedBytes(payload), m_encoding);
 }
 
 bool PageFile::followOverflow(quint32 page, quint64 wanted, QByteArray& payload, Allowance& allowance) const
@@ -214,6 +228,43 @@ std::vector<quint32> PageFile::children(quint32 page) const
     }
     found.push_back(static_cast<quint32>(readBigEndian(bytes, treeOffset(page) + 8, 4)));
     return found;
+}
+
+std::optional<IndexPage> PageFile::indexPage(quint32 page) const
+{
+    // Page 1 is the schema's.
+    if (page < 2 || page > m_pageCount)
+        return std::nullopt;
+    const Bytes bytes = bytesOf(page);
+    const bool isLeaf = bytes[0] == kIndexLeafType;
+    if (!isLeaf && bytes[0] != kIndexInteriorType)
+        return std::nullopt;
+    IndexPage found;
+    Allowance allowance{kOverlaps * m_usable, m_pageCount};
+    const std::size_t pointer = isLeaf ? 0 : 4;
+    const std::vector<std::size_t> offsets = cellOffsets(page, isLeaf ? kLeafHeader : kInteriorHeader);
+    found.isWhole = offsets.size() == readBigEndian(bytes, 3, 2);
+    for (const std::size_t offset : offsets) {
+        if (!isLeaf && offset + pointer <= bytes.size())
+            found.children.push_back(static_cast<quint32>(readBigEndian(bytes, offset, pointer)));
+        std::optional<std::vector<Value>> entry = indexEntry(bytes, offset + pointer, allowance);
+        if (entry)
+            found.entries.push_back(std::move(*entry));
+        else
+            found.isWhole = false;
+    }
+    if (!isLeaf)
+        found.children.push_back(static_cast<quint32>(readBigEndian(bytes, 8, 4)));
+    return found;
+}
+
+std::optional<std::vector<Value>> PageFile::indexEntry(Bytes page, std::size_t offset,
+                                                       Allowance& allowance) const
+{
+    const std::optional<Varint> length = readVarint(page, offset);
+    if (!length || length->value == 0 || length->value > static_cast<quint64>(m_bytes.size()))
+        return std::nullopt;
+    return recordAt(page, offset + length->length, length->value, mostInIndex(m_usable), allowance);
 }
 
 std::vector<bool> PageFile::freePages() const

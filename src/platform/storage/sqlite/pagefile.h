@@ -23,6 +23,14 @@ struct SalvagedRow
     std::vector<Value> values;
 };
 
+/// A page of an index's tree.
+struct IndexPage
+{
+    std::vector<std::vector<Value>> entries; ///< key columns and, last, the row's number
+    std::vector<quint32> children;           ///< pages below; they may be any numbers
+    bool isWhole = true;                     ///< every entry that the page counts could be read
+};
+
 class PageFile
 {
 public:
@@ -37,6 +45,8 @@ public:
     [[nodiscard]] std::vector<SalvagedRow> rows(quint32 page) const;
     /// Pages below an interior page. They may be any numbers.
     [[nodiscard]] std::vector<quint32> children(quint32 page) const;
+    /// Keys and pages below of an index's page; nothing for a page of another kind.
+    [[nodiscard]] std::optional<IndexPage> indexPage(quint32 page) const;
     /// For every page (index 0 unused) whether the list of free pages names it.
     [[nodiscard]] std::vector<bool> freePages() const;
 
@@ -58,6 +68,11 @@ private:
     [[nodiscard]] std::vector<std::size_t> cellOffsets(quint32 page, std::size_t headerLength) const;
     [[nodiscard]] std::optional<SalvagedRow> rowAt(Bytes page, std::size_t offset,
                                                    Allowance& allowance) const;
+    [[nodiscard]] std::optional<std::vector<Value>> indexEntry(Bytes page, std::size_t offset,
+                                                               Allowance& allowance) const;
+    /// The values of a payload of `length` bytes that begins at `start`, at most `most` of them in the page.
+    [[nodiscard]] std::optional<std::vector<Value>> recordAt(Bytes page, std::size_t start, quint64 length,
+                                                             std::size_t most, Allowance& allowance) const;
     [[nodiscard]] bool followOverflow(quint32 page, quint64 wanted, QByteArray& payload,
                                       Allowance& allowance) const;
 

@@ -4,6 +4,7 @@
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
 #include "platform/storage/sqlite/damagedfile.h"
+#include "platform/storage/sqlite/losses.h"
 #include "platform/storage/sqlite/openfile.h"
 #include "platform/storage/sqlite/presence.h"
 #include "platform/storage/sqlite/salvage.h"
@@ -24,9 +25,9 @@ bool violatesKey(int number)
 class RowFiller
 {
 public:
-    RowFiller(const Database& database, const SalvagedTable& table, RepairResult& result)
+    RowFiller(const Database& database, const SalvagedTable& table, TableLosses& losses)
         : m_table(table)
-        , m_result(result)
+        , m_losses(losses)
         , m_insert(database.get(), insertText(table.definition), Task::Write)
     {}
 
@@ -55,11 +56,10 @@ private:
         try {
             bind(row);
             Run(m_insert, Task::Write).finish();
-            ++m_result.rows;
         } catch (const Failure& failure) {
             if (!violatesKey(failure.number()))
                 throw;
-            ++m_result.refusedRows;
+            ++m_losses.refused;
         }
     }
 
@@ -93,7 +93,7 @@ private:
     }
 
     const SalvagedTable& m_table;
-    RepairResult& m_result;
+    TableLosses& m_losses;
     Statement m_insert;
 };
 
@@ -123,32 +123,34 @@ bool makeSalvagedTable(const Database& database, TableDefinition definition)
 }
 
 void writeNewFile(const QString& path, const PageFile& file, const QList<TableDefinition>& expected,
-                  RepairResult& result)
+                  std::vector<TableLosses>& losses)
 {
     const Salvage salvage = salvageTables(file, expected);
     const Database database = makeStoreFile(path, salvage.options);
     database.execute("BEGIN IMMEDIATE", Task::Write);
     for (const SalvagedTable& table : salvage.tables) {
-        if (makeSalvagedTable(database, table.definition))
-            RowFiller(database, table, result).fill(file);
+        if (!makeSalvagedTable(database, table.definition))
+            continue;
+        losses.push_back(lossesOf(file, table));
+        RowFiller(database, table, losses.back()).fill(file);
     }
     database.execute("COMMIT", Task::Write);
 }
 
 } // namespace
 
-RepairResult repairStore(const QString& path, const QList<TableDefinition>& expected)
+RepairAccount repairStore(const QString& path, const QList<TableDefinition>& expected)
 {
     requireReadable(path);
     const Sidecar sidecar(path);
     takePresence(sidecar, Sharing::Exclusive);
     DamagedFile damaged(path);
-    RepairResult result;
-    result.keptFile = damaged.keptPath();
+    RepairAccount account;
+    account.keptFile = damaged.keptPath();
     const PageFile file(damaged.bytes());
-    writeNewFile(damaged.replacementPath(), file, expected, result);
+    writeNewFile(damaged.replacementPath(), file, expected, account.tables);
     damaged.replace();
-    return result;
+    return account;
 }
 
 } // namespace platform::storage::sqlite

@@ -4,19 +4,12 @@
 // Repair of a damaged store: the file found is kept, byte for byte, beside a new one that holds every row
 // that could be read.
 
-#include "platform/storage/storage.h"
+#include "platform/storage/upkeep.h"
 
 namespace platform::storage::sqlite {
 
-struct RepairResult
-{
-    QString keptFile;       ///< where the damaged file is now
-    qint64 rows = 0;        ///< rows in the new file
-    qint64 refusedRows = 0; ///< rows that could be read and violate a key
-};
-
 /// As `Engine::repair`. 3024 no file, 3044 no folder, 3050 open elsewhere, 3051 no permission.
 /// On a failure the file stands where it was.
-RepairResult repairStore(const QString& path, const QList<TableDefinition>& expected);
+RepairAccount repairStore(const QString& path, const QList<TableDefinition>& expected);
 
 } // namespace platform::storage::sqlite

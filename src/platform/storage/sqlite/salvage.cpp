@@ -3,6 +3,7 @@
 
 #include "platform/storage/sqlite/metadata.h"
 #include "platform/storage/sqlite/salvagedschema.h"
+#include "platform/storage/sqlite/schema.h"
 
 #include <algorithm>
 
@@ -190,13 +191,31 @@ private:
     std::vector<bool> m_owned; ///< by page
 };
 
-quint32 rootOf(const std::vector<SchemaRow>& schema, const QString& table)
+quint32 rootOf(const std::vector<SchemaRow>& schema, QLatin1String type, const QString& name)
 {
     for (const SchemaRow& row : schema) {
-        if (row.type == "table"_L1 && row.name.compare(table, Qt::CaseInsensitive) == 0)
+        if (row.type == type && row.name.compare(name, Qt::CaseInsensitive) == 0)
             return row.root;
     }
     return 0;
+}
+
+quint32 rootOf(const std::vector<SchemaRow>& schema, const QString& table)
+{
+    return rootOf(schema, "table"_L1, table);
+}
+
+/// The indexes of a table under the names that the file gives them: ours bear the table's, those of another
+/// tool don't.
+std::vector<SalvagedIndex> indexesOf(const TableDefinition& table, const std::vector<SchemaRow>& schema)
+{
+    std::vector<SalvagedIndex> indexes;
+    for (const IndexDefinition& index : table.indexes) {
+        const quint32 own = rootOf(schema, "index"_L1, storedIndexName(table.name, index.name));
+        const quint32 root = own != 0 ? own : rootOf(schema, "index"_L1, index.name);
+        indexes.push_back({index.columns, index.primary ? 0 : index.unique ? 1 : 2, root});
+    }
+    return indexes;
 }
 
 const TableDefinition* named(const QList<TableDefinition>& tables, const QString& name)
@@ -294,8 +313,8 @@ Salvage salvageTables(const PageFile& file, const QList<TableDefinition>& expect
 
     Salvage salvage{{}, schema.options()};
     for (Owner& owner : owners)
-        salvage.tables.push_back(
-            {owner.definition, schema.rowIdColumn(owner.definition), std::move(owner.leaves)});
+        salvage.tables.push_back({owner.definition, schema.rowIdColumn(owner.definition),
+                                  std::move(owner.leaves), indexesOf(owner.definition, rows)});
     return salvage;
 }
 

@@ -12,11 +12,20 @@
 
 namespace platform::storage::sqlite {
 
+/// An index of the damaged file itself.
+struct SalvagedIndex
+{
+    QStringList columns;
+    int rank = 0;     ///< 0 primary, 1 unique, 2 neither
+    quint32 root = 0; ///< 0 when the schema doesn't tell it any more
+};
+
 struct SalvagedTable
 {
     TableDefinition definition;
     int rowIdColumn = -1; ///< column that is only another name of the row number; -1 when there is none
     std::vector<quint32> leaves; ///< pages with its rows
+    std::vector<SalvagedIndex> indexes;
 };
 
 struct Salvage

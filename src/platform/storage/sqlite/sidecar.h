@@ -15,6 +15,8 @@ inline constexpr int kRoomByte = 2;      ///< shared: reading; exclusive: writin
 class Sidecar
 {
 public:
+    /// None, for a file that nobody shares.
+    Sidecar() = default;
     /// Opens the sidecar of a store, makes it if need be with the store's own permissions. In a folder that
     /// can't be written, a sidecar that is missing stays missing (`exists()` false).
     explicit Sidecar(const QString& storePath);
