@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QFileInfo>
 #include <QScrollArea>
 #include <QTest>
 #include <QTimer>
@@ -273,6 +274,7 @@ void RealEngineTest::exportedPagesReadAsThePreviewDoes()
 
     QVERIFY(preview->exportTo(file));
 
+    QTRY_VERIFY(QFileInfo::exists(file));
     const QString text = pdfText(file);
     QCOMPARE(text.count(u'|'), pagesOf(preview).size());
     QVERIFY2(standInOrder(text, linesOf(m_root->clients())), qPrintable(text));

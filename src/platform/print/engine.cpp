@@ -91,7 +91,15 @@ JobEntry Engine::error(int number) const
     if (number == 0)
         return {nullptr, -1, m_code, m_text};
     const auto found = m_jobs.constFind(number);
-    return found != m_jobs.constEnd() ? *found : JobEntry{nullptr, -1, kNoSuchJob, u"el trabajo no existe"_s};
+    if (found == m_jobs.constEnd())
+        return {nullptr, -1, kNoSuchJob, u"el trabajo no existe"_s};
+    JobEntry entry = *found;
+    const std::optional<Problem> failure = entry.job->failure();
+    if (entry.code == kNoError && failure) {
+        entry.code = failure->code();
+        entry.text = failure->text();
+    }
+    return entry;
 }
 
 void Engine::setError(ErrorCode code, const QString& text)

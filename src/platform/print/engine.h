@@ -37,7 +37,8 @@ public:
     int openSubreport(int number, int subreport);
     /// Null when there is no such job; then the engine's error is set.
     [[nodiscard]] JobEntry* entry(int number);
-    /// Number 0 is the engine itself.
+    /// The last call's error, else why the job came to nothing after its start. Number 0 is the engine
+    /// itself.
     [[nodiscard]] JobEntry error(int number) const;
     void setError(ErrorCode code, const QString& text);
     [[nodiscard]] QDateTime now() const;

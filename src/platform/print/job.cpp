@@ -100,19 +100,47 @@ void Job::start(const QDateTime& moment, bool wait)
     subreports.reserve(m_report->subreports.size());
     for (int i = 0; i < static_cast<int>(m_report->subreports.size()); ++i)
         subreports.push_back(paths(i));
-    document->start(paths(-1), subreports);
-    if (wait)
-        document->makeAllPages();
+    // Asking for a printer may take its time, so it comes before the stores are open.
+    std::unique_ptr<PrintTask> task;
     if (output == Output::Printer)
-        m_task = std::make_unique<PrintTask>(document, printing);
-    else
-        m_preview = new PreviewWindow(document, window, printing);
-    m_document = std::move(document);
+        task = std::make_unique<PrintTask>(printing);
+    document->begin(paths(-1), subreports);
+    if (wait) {
+        document->makeAllPages();
+    } else {
+        document->work(kSliceMilliseconds);
+        document->makeFirstPage();
+    }
+    if (document->failure())
+        throw Problem(*document->failure());
+    if (task)
+        task->begin(document);
+    m_document = document;
+    m_task = std::move(task);
     m_state = JobState::Running;
-    if (m_preview)
-        m_preview->show();
     if (m_task && wait)
         m_task->finish();
+    if (!m_task)
+        showPreview(document);
+}
+
+void Job::showPreview(const std::shared_ptr<Document>& document)
+{
+    m_preview = new PreviewWindow(document, window, printing);
+    QObject::connect(m_preview, &QObject::destroyed, [this] { previewClosed(); });
+    m_preview->show();
+}
+
+/// What a preview that is gone leaves; the job's own destructor closes the preview first.
+void Job::previewClosed()
+{
+    m_failure = m_document->failure();
+    if (!m_failure && !m_document->isComplete())
+        m_failure = Problem(kCancelled, u"cancelado"_s);
+    m_state = m_document->isComplete() ? JobState::Finished
+              : m_document->failure()  ? JobState::Failed
+                                       : JobState::Cancelled;
+    m_document.reset();
 }
 
 void Job::finishPrinting()
@@ -127,15 +155,28 @@ JobState Job::state() const
 {
     if (m_state != JobState::Running)
         return m_state;
+    if (m_document->failure())
+        return JobState::Failed;
     if (m_task)
         return !m_task->isDone()  ? JobState::Running
                : m_task->failed() ? JobState::Failed
                                   : JobState::Finished;
-    if (!m_preview)
-        return JobState::Finished;
     return m_preview->wasCancelled()  ? JobState::Cancelled
            : m_document->isComplete() ? JobState::Finished
                                       : JobState::Running;
+}
+
+std::optional<Problem> Job::failure() const
+{
+    if (m_state != JobState::Running)
+        return m_failure;
+    if (m_document->failure())
+        return m_document->failure();
+    if (m_task && m_task->isDone() && m_task->failed())
+        return Problem(kPrintingRefused, u"el sistema de impresión no ha terminado el trabajo"_s);
+    if (m_preview && m_preview->wasCancelled())
+        return Problem(kCancelled, u"cancelado"_s);
+    return std::nullopt;
 }
 
 } // namespace platform::print

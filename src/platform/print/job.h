@@ -12,6 +12,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <optional>
 
 namespace platform::print {
 
@@ -32,11 +33,14 @@ public:
     [[nodiscard]] QString tablePath(int subreport, int table) const;
     void setTablePath(int subreport, int table, const QString& nativePath);
 
-    /// Binds, reads, makes page 1 and begins the output. Throws `Problem`; then nothing has begun.
+    /// Looks whether everything is there, begins to read and begins the output; the rest is done in slices of
+    /// the event loop, or at once with `wait`. Throws `Problem`; then nothing has begun and no store is open.
     void start(const QDateTime& moment, bool wait);
     /// Runs what has been started for the printer to its end.
     void finishPrinting();
     [[nodiscard]] JobState state() const;
+    /// Why a job that had started came to nothing; none for one that runs or is finished.
+    [[nodiscard]] std::optional<Problem> failure() const;
 
     Output output = Output::None;
     PreviewRequest window;
@@ -45,6 +49,8 @@ public:
 
 private:
     [[nodiscard]] TablePaths paths(int subreport) const;
+    void showPreview(const std::shared_ptr<Document>& document);
+    void previewClosed();
 
     QString m_path;
     QString m_folder;
@@ -54,6 +60,7 @@ private:
     std::unique_ptr<PrintTask> m_task;
     QPointer<PreviewWindow> m_preview;
     JobState m_state = JobState::Open;
+    std::optional<Problem> m_failure; ///< of a job that isn't running any more
 };
 
 } // namespace platform::print

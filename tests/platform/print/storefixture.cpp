@@ -28,9 +28,7 @@ void givenTable(const QString& path, const QString& table, const QStringList& co
         definition.columns += made;
     }
     connection->createTable(definition);
-    const std::unique_ptr<storage::Table> made = connection->openTable(table);
-    for (const std::vector<Value>& row : rows)
-        made->insert(row);
+    connection->openTable(table)->insertMany(rows);
 }
 
 } // namespace platform::print

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Sorting, grouping, the group selection and totals.
+#include "platform/print/data/arrange.h"
+
 #include "platform/print/data/keys.h"
 #include "platform/print/data/records.h"
-#include "platform/print/formula/compare.h"
-
-#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -12,199 +10,183 @@
 namespace platform::print {
 namespace {
 
-using formula::TotalKind;
-using formula::Value;
-
-/// A level of sorting; the rank of a group's own field tells its groups apart.
-struct Level
-{
-    const formula::Formula* formula = nullptr;
-    bool descending = false;
-    bool isGroup = false;
-};
-
-std::vector<Level> levelsOf(const Report& report)
-{
-    std::vector<Level> levels;
-    for (const Group& group : report.groups) {
-        if (group.key)
-            levels.push_back({&*group.key, group.descending, false});
-        levels.push_back({&group.field, group.descending, true});
-    }
-    for (const SortField& field : report.sorting)
-        levels.push_back({&field.field, field.descending, false});
-    return levels;
-}
-
-/// One total under way.
-class Sum
-{
-public:
-    Sum(TotalKind kind, bool caseSensitive)
-        : m_kind(kind)
-        , m_caseSensitive(caseSensitive)
-    {}
-
-    void add(const Value& value)
-    {
-        if (!formula::hasValue(value))
-            return;
-        ++m_count;
-        if (m_kind == TotalKind::Sum || m_kind == TotalKind::Average)
-            m_sum += std::get<double>(value);
-        else if (m_kind == TotalKind::DistinctCount)
-            m_different.insert(valueKey(value, m_caseSensitive));
-        else if (m_kind == TotalKind::Minimum || m_kind == TotalKind::Maximum)
-            keepExtreme(value);
-    }
-
-    [[nodiscard]] Value result() const
-    {
-        switch (m_kind) {
-        case TotalKind::Sum:
-            return m_sum;
-        case TotalKind::Count:
-            return static_cast<double>(m_count);
-        case TotalKind::DistinctCount:
-            return static_cast<double>(m_different.size());
-        case TotalKind::Average:
-            return m_count == 0 ? Value() : Value(m_sum / static_cast<double>(m_count));
-        default:
-            return m_extreme;
-        }
-    }
-
-private:
-    void keepExtreme(const Value& value)
-    {
-        const int order =
-            formula::hasValue(m_extreme) ? formula::compareValues(value, m_extreme, m_caseSensitive) : 0;
-        const bool better = m_kind == TotalKind::Minimum ? order < 0 : order > 0;
-        if (!formula::hasValue(m_extreme) || better)
-            m_extreme = value;
-    }
-
-    TotalKind m_kind;
-    bool m_caseSensitive;
-    double m_sum = 0;
-    qint64 m_count = 0;
-    QSet<QByteArray> m_different;
-    Value m_extreme;
-};
+/// Places that are only looked up, not evaluated: some hundred microseconds.
+constexpr quint32 kPlacesAStep = 4096;
 
 } // namespace
 
-View Records::arrange(std::vector<quint32> records)
+Arranger::Arranger(Records& records, std::vector<quint32> numbers)
+    : m_records(records)
+    , m_numbers(std::move(numbers))
 {
-    View view;
-    const std::vector<Level> levels = levelsOf(m_report);
-    std::vector<std::vector<quint32>> places;
-    for (const Level& level : levels) {
-        std::vector<QByteArray> keys;
-        keys.reserve(records.size());
-        for (const quint32 record : records) {
-            const formula::Outcome outcome = evaluateRecord(*level.formula, record);
-            m_invalid += outcome.fault ? 1 : 0;
-            keys.push_back(outcome.fault ? QByteArray() : valueKey(outcome.value, m_options.caseSensitive));
-        }
-        places.push_back(ranks(keys, level.descending));
+    const Report& report = records.report();
+    for (const Group& group : report.groups) {
+        if (group.key)
+            m_levels.push_back({&*group.key, group.descending, false});
+        m_levels.push_back({&group.field, group.descending, true});
     }
-    std::vector<quint32> order(records.size());
-    std::iota(order.begin(), order.end(), 0u);
-    std::stable_sort(order.begin(), order.end(), [&places](quint32 left, quint32 right) {
-        for (const std::vector<quint32>& place : places) {
+    for (const SortField& field : report.sorting)
+        m_levels.push_back({&field.field, field.descending, false});
+    m_order.resize(m_numbers.size());
+    std::iota(m_order.begin(), m_order.end(), 0u);
+    m_view.groups.resize(report.groups.size());
+    if (m_levels.empty())
+        m_stage = Stage::Grouping;
+}
+
+bool Arranger::step()
+{
+    switch (m_stage) {
+    case Stage::Keys:
+        if (m_places.size() == m_levels.size() || !takeKeys())
+            beginSort();
+        return true;
+    case Stage::Sorting:
+        if (m_sort->step())
+            return true;
+        m_sort.reset();
+        m_at = 0;
+        m_stage = m_places.size() < m_levels.size() ? Stage::Ranking : Stage::Grouping;
+        if (m_stage == Stage::Ranking)
+            m_places.emplace_back(m_order.size());
+        m_place = 0;
+        return true;
+    case Stage::Ranking:
+        if (!rank()) {
+            m_keys.clear();
+            m_stage = Stage::Keys;
+        }
+        return true;
+    case Stage::Grouping:
+        if (!group()) {
+            m_at = 0;
+            const bool chooses = !m_view.groups.empty() && !m_records.report().groupSelection.isEmpty();
+            m_stage = chooses ? Stage::Choosing : Stage::Ready;
+        }
+        return true;
+    case Stage::Choosing:
+        if (!choose()) {
+            m_at = 0;
+            m_kept.groups.resize(m_view.groups.size());
+            m_last.assign(m_view.groups.size(), m_view.size());
+            m_stage = Stage::Keeping;
+        }
+        return true;
+    case Stage::Keeping:
+        if (!keep()) {
+            m_view = std::move(m_kept);
+            m_stage = Stage::Ready;
+        }
+        return true;
+    case Stage::Ready:
+        m_view.totals.assign(m_records.totalCount(), {});
+        return false;
+    }
+    return false;
+}
+
+/// The keys of the next level. False when every record has one.
+bool Arranger::takeKeys()
+{
+    const Level& level = m_levels[m_places.size()];
+    const auto end = std::min(m_keys.size() + kRecordsAStep, m_numbers.size());
+    m_keys.reserve(m_numbers.size());
+    while (m_keys.size() < end) {
+        const formula::Outcome outcome = m_records.evaluateRecord(*level.formula, m_numbers[m_keys.size()]);
+        if (outcome.fault)
+            m_records.countUnplaced();
+        m_keys.push_back(outcome.fault ? QByteArray()
+                                       : valueKey(outcome.value, m_records.options().caseSensitive));
+    }
+    return end < m_numbers.size();
+}
+
+/// By the keys of a level, or at last by the places on every level.
+void Arranger::beginSort()
+{
+    std::iota(m_order.begin(), m_order.end(), 0u);
+    m_stage = Stage::Sorting;
+    if (m_places.size() < m_levels.size()) {
+        m_sort.emplace(m_order, [this](quint32 left, quint32 right) { return m_keys[left] < m_keys[right]; });
+        return;
+    }
+    m_sort.emplace(m_order, [this](quint32 left, quint32 right) {
+        for (const std::vector<quint32>& place : m_places) {
             if (place[left] != place[right])
                 return place[left] < place[right];
         }
         return false;
     });
-    view.groups.resize(m_report.groups.size());
-    for (quint32 position = 0; position < order.size(); ++position) {
-        view.order.push_back(records[order[position]]);
-        bool starts = position == 0;
+}
+
+/// Gives the next keys of the level their place among the different keys. False when each has one.
+bool Arranger::rank()
+{
+    const bool descending = m_levels[m_places.size() - 1].descending;
+    const auto end = static_cast<quint32>(std::min<std::size_t>(m_at + kPlacesAStep, m_order.size()));
+    for (; m_at < end; ++m_at) {
+        const quint32 here = m_order[m_at];
+        m_place += m_at > 0 && m_keys[here] != m_keys[m_order[m_at - 1]] ? 1u : 0u;
+        // The complement of a number turns the order round.
+        m_places.back()[here] = descending ? ~m_place : m_place;
+    }
+    return m_at < m_order.size();
+}
+
+/// Puts the next records into their groups. False when all are in.
+bool Arranger::group()
+{
+    const auto end = static_cast<quint32>(std::min<std::size_t>(m_at + kPlacesAStep, m_order.size()));
+    for (; m_at < end; ++m_at) {
+        m_view.order.push_back(m_numbers[m_order[m_at]]);
+        bool starts = m_at == 0;
         std::size_t group = 0;
-        for (std::size_t i = 0; i < levels.size(); ++i) {
-            if (!levels[i].isGroup)
+        for (std::size_t i = 0; i < m_levels.size(); ++i) {
+            if (!m_levels[i].isGroup)
                 continue;
-            starts = starts || places[i][order[position]] != places[i][order[position - 1]];
+            starts = starts || m_places[i][m_order[m_at]] != m_places[i][m_order[m_at - 1]];
             if (starts)
-                view.groups[group].push_back({position, position});
-            view.groups[group].back().last = position;
+                m_view.groups[group].push_back({m_at, m_at});
+            m_view.groups[group].back().last = m_at;
             ++group;
         }
     }
-    keepChosenGroups(view);
-    view.totals.assign(m_binder.totals().size(), {});
-    return view;
+    return m_at < m_order.size();
 }
 
-/// The group formula is tried on the first record of each innermost group.
-void Records::keepChosenGroups(View& view)
+/// Tries the group formula on the first record of the next innermost groups. False when all are tried.
+bool Arranger::choose()
 {
-    if (view.groups.empty() || m_report.groupSelection.isEmpty())
-        return;
-    View* const before = m_view;
-    m_view = &view;
-    std::vector<bool> chosen;
-    for (const Span& span : view.groups.back()) {
-        setPosition(span.first);
-        chosen.push_back(met(m_report.groupSelection));
+    View* const before = m_records.view();
+    m_records.setView(&m_view);
+    const std::vector<Span>& groups = m_view.groups.back();
+    const auto end = static_cast<quint32>(std::min<std::size_t>(m_at + kRecordsAStep, groups.size()));
+    for (; m_at < end; ++m_at) {
+        m_records.setPosition(groups[m_at].first);
+        m_chosen.push_back(m_records.met(m_records.report().groupSelection));
     }
-    m_view = before;
-    View kept;
-    kept.groups.resize(view.groups.size());
-    std::vector<std::size_t> last(view.groups.size(), view.size());
-    for (quint32 position = 0; position < view.size(); ++position) {
-        if (!chosen[view.groupAt(view.groups.size() - 1, position)])
+    m_records.setView(before);
+    return m_at < groups.size();
+}
+
+/// Takes the next records of chosen groups over. False when all are looked at.
+bool Arranger::keep()
+{
+    const quint32 end = std::min(m_at + kPlacesAStep, m_view.size());
+    for (; m_at < end; ++m_at) {
+        if (!m_chosen[m_view.groupAt(m_view.groups.size() - 1, m_at)])
             continue;
-        const quint32 now = kept.size();
-        kept.order.push_back(view.order[position]);
-        for (std::size_t level = 0; level < view.groups.size(); ++level) {
-            const std::size_t group = view.groupAt(level, position);
-            if (last[level] != group)
-                kept.groups[level].push_back({now, now});
-            last[level] = group;
-            kept.groups[level].back().last = now;
+        const quint32 now = m_kept.size();
+        m_kept.order.push_back(m_view.order[m_at]);
+        for (std::size_t level = 0; level < m_view.groups.size(); ++level) {
+            const std::size_t group = m_view.groupAt(level, m_at);
+            if (m_last[level] != group)
+                m_kept.groups[level].push_back({now, now});
+            m_last[level] = group;
+            m_kept.groups[level].back().last = now;
         }
     }
-    view = std::move(kept);
-}
-
-Value Records::total(int slot)
-{
-    if (m_view == nullptr)
-        return {};
-    const auto place = static_cast<std::size_t>(slot);
-    if (m_view->totals[place].empty())
-        computeTotal(place);
-    const int group = m_binder.totals()[place].group;
-    if (group < 0)
-        return m_view->totals[place].front();
-    const auto level = static_cast<std::size_t>(group);
-    if (m_position >= m_view->size())
-        return {};
-    return m_view->totals[place][m_view->groupAt(level, m_position)];
-}
-
-void Records::computeTotal(std::size_t slot)
-{
-    const TotalRequest& request = m_binder.totals()[slot];
-    const quint32 here = m_position;
-    const Span whole{0, m_view->size() == 0 ? 0 : m_view->size() - 1};
-    const std::vector<Span> spans = request.group < 0
-                                        ? std::vector<Span>{whole}
-                                        : m_view->groups[static_cast<std::size_t>(request.group)];
-    std::vector<Value> results;
-    for (const Span& span : spans) {
-        Sum sum(request.kind, m_options.caseSensitive);
-        for (quint32 position = span.first; position <= span.last && position < m_view->size(); ++position) {
-            setPosition(position);
-            sum.add(operand(request.field));
-        }
-        results.push_back(sum.result());
-    }
-    m_view->totals[slot] = std::move(results);
-    setPosition(here);
+    return m_at < m_view.size();
 }
 
 } // namespace platform::print

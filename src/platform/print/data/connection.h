@@ -3,7 +3,7 @@
 
 // The store files of a job, opened together behind the stores' gate, read at one moment and closed again.
 
-#include "platform/print/data/rows.h"
+#include "platform/print/data/tablereader.h"
 
 #include <QString>
 
@@ -32,11 +32,12 @@ public:
     void open(const QString& nativePath);
     /// Columns of a table in an opened file. Throws `Problem`: no such table (8).
     [[nodiscard]] std::vector<SourceColumn> columns(const QString& nativePath, const QString& table) const;
-    /// Rows of a table by row number, only the columns named by position; all of them, or those that meet a
-    /// condition of `pushedCondition`. A value of another class is read as the column's type. Throws
-    /// `Problem` (18).
-    [[nodiscard]] RowStore read(const QString& nativePath, const QString& table,
-                                const std::vector<int>& columns, const QByteArray& condition = {}) const;
+    /// Takes the rows of a table (see `TableReader`); lives no longer than this. Throws `Problem` (18).
+    [[nodiscard]] std::unique_ptr<TableReader> reader(const QString& nativePath, const QString& table,
+                                                      const std::vector<int>& columns,
+                                                      const QByteArray& condition = {}) const;
+    /// Whether a table has more rows than that. Throws `Problem` (18).
+    [[nodiscard]] bool hasMoreRows(const QString& nativePath, const QString& table, int count) const;
 
 private:
     struct File;

@@ -3,23 +3,12 @@
 // selected.
 #include "platform/print/data/keys.h"
 #include "platform/print/data/records.h"
-#include "platform/print/problem.h"
 
-#include <QHash>
-
-#include <numeric>
-
-using namespace Qt::StringLiterals;
+#include <algorithm>
 
 namespace platform::print {
-namespace {
 
-/// Most rows of a table that is joined by a condition.
-constexpr quint32 kMaxConditionRows = 10'000;
-
-} // namespace
-
-void Records::load(std::vector<RowStore> tables)
+void Records::beginLoad(std::vector<RowStore> tables)
 {
     m_tables = std::move(tables);
     const std::size_t width = m_current.size();
@@ -27,20 +16,38 @@ void Records::load(std::vector<RowStore> tables)
     m_rows.assign(count * width, kNoRow);
     for (quint32 row = 0; row < count; ++row)
         m_rows[row * width] = row;
-    for (std::size_t table = 1; table < width; ++table)
-        join(table);
-    select();
+    m_load = std::make_unique<Load>();
 }
 
-void Records::join(std::size_t table)
+bool Records::loadStep()
 {
-    std::vector<quint32> joined;
-    joined.reserve(m_rows.size());
+    const bool joins = m_load->table < m_current.size();
+    if (joins ? joinStep() : select())
+        return true;
+    if (joins) {
+        m_rows = std::move(m_load->joined);
+        const std::size_t next = m_load->table + 1;
+        *m_load = Load();
+        m_load->table = next;
+        return true;
+    }
+    m_load.reset();
+    return false;
+}
+
+quint32 Records::loadedRecords() const
+{
+    return static_cast<quint32>(m_rows.size() / m_current.size());
+}
+
+bool Records::joinStep()
+{
+    const std::size_t table = m_load->table;
+    if (m_load->record == 0 && m_load->row == 0)
+        m_load->joined.reserve(m_rows.size());
     if (m_report.tables[table].condition)
-        joinByCondition(table, joined);
-    else
-        joinByLinks(table, joined);
-    m_rows = std::move(joined);
+        return joinByCondition();
+    return m_load->row < m_tables[table].rowCount() ? takeKeys() : joinByLinks();
 }
 
 /// The values of one side of the links as one key; empty when one of them has no value, which matches
@@ -58,53 +65,60 @@ QByteArray Records::linkKey(const std::vector<TableLink>& links, bool with)
     return key;
 }
 
-void Records::joinByLinks(std::size_t table, std::vector<quint32>& joined)
+/// The keys of the table's next rows.
+bool Records::takeKeys()
 {
-    const std::vector<TableLink>& links = m_report.tables[table].links;
-    QHash<QByteArray, std::vector<quint32>> rowsByKey;
+    const std::size_t table = m_load->table;
     m_current.assign(m_current.size(), kNoRow);
-    for (quint32 row = 0; row < m_tables[table].rowCount(); ++row) {
-        m_current[table] = row;
-        const QByteArray key = linkKey(links, false);
+    const quint32 end = std::min(m_load->row + kRecordsAStep, m_tables[table].rowCount());
+    for (; m_load->row < end; ++m_load->row) {
+        m_current[table] = m_load->row;
+        const QByteArray key = linkKey(m_report.tables[table].links, false);
         if (!key.isEmpty())
-            rowsByKey[key].push_back(row);
+            m_load->rowsByKey[key].push_back(m_load->row);
     }
-    const auto records = static_cast<quint32>(m_rows.size() / m_current.size());
-    for (quint32 record = 0; record < records; ++record) {
-        enter(record);
-        const auto found = rowsByKey.constFind(linkKey(links, true));
-        append(joined, record, table,
-               found == rowsByKey.constEnd() ? std::span<const quint32>() : std::span<const quint32>(*found));
-    }
+    return true;
 }
 
-void Records::joinByCondition(std::size_t table, std::vector<quint32>& joined)
+/// The matches of the next records. False when every record has its own.
+bool Records::joinByLinks()
 {
-    const quint32 rows = m_tables[table].rowCount();
-    if (rows > kMaxConditionRows)
-        throw Problem(kBadValue, u"la tabla «%1» tiene demasiadas filas para una condición"_s.arg(
-                                     m_report.tables[table].alias));
-    const auto records = static_cast<quint32>(m_rows.size() / m_current.size());
-    std::vector<quint32> matches;
-    for (quint32 record = 0; record < records; ++record) {
-        enter(record);
-        if (record == 0 || !m_binder.conditionIsConstant(table)) {
-            matches.clear();
-            for (quint32 row = 0; row < rows; ++row) {
+    const std::vector<TableLink>& links = m_report.tables[m_load->table].links;
+    const quint32 end = std::min(m_load->record + kRecordsAStep, loadedRecords());
+    for (; m_load->record < end; ++m_load->record) {
+        enter(m_load->record);
+        const auto found = m_load->rowsByKey.constFind(linkKey(links, true));
+        append(m_load->record, found == m_load->rowsByKey.constEnd() ? std::span<const quint32>()
+                                                                     : std::span<const quint32>(*found));
+    }
+    return end < loadedRecords();
+}
+
+/// The matches of the next record, or of the next ones where all have the same.
+bool Records::joinByCondition()
+{
+    const std::size_t table = m_load->table;
+    const bool constant = m_binder.conditionIsConstant(table);
+    const quint32 end = std::min(m_load->record + (constant ? kRecordsAStep : 1), loadedRecords());
+    for (; m_load->record < end; ++m_load->record) {
+        enter(m_load->record);
+        if (m_load->record == 0 || !constant) {
+            m_load->matches.clear();
+            for (quint32 row = 0; row < m_tables[table].rowCount(); ++row) {
                 m_current[table] = row;
                 if (met(*m_report.tables[table].condition))
-                    matches.push_back(row);
+                    m_load->matches.push_back(row);
             }
         }
-        append(joined, record, table, matches);
+        append(m_load->record, m_load->matches);
     }
+    return end < loadedRecords();
 }
 
-void Records::append(std::vector<quint32>& joined, quint32 record, std::size_t table,
-                     std::span<const quint32> matches)
+void Records::append(quint32 record, std::span<const quint32> matches)
 {
     static constexpr quint32 none[] = {kNoRow};
-    const Table& definition = m_report.tables[table];
+    const Table& definition = m_report.tables[m_load->table];
     if (matches.empty() && definition.optional)
         matches = none;
     if (definition.maxRows > 0)
@@ -112,23 +126,26 @@ void Records::append(std::vector<quint32>& joined, quint32 record, std::size_t t
     const std::size_t width = m_current.size();
     for (const quint32 match : matches) {
         for (std::size_t i = 0; i < width; ++i)
-            joined.push_back(i == table ? match : m_rows[record * width + i]);
+            m_load->joined.push_back(i == m_load->table ? match : m_rows[record * width + i]);
     }
 }
 
-void Records::select()
+/// Filter and selection of the next records. False when all have been tried.
+bool Records::select()
 {
-    const std::size_t width = m_current.size();
-    const auto records = static_cast<quint32>(m_rows.size() / width);
-    std::size_t kept = 0;
-    for (quint32 record = 0; record < records; ++record) {
-        enter(record);
+    const quint32 records = loadedRecords();
+    const quint32 end = std::min(m_load->record + kRecordsAStep, records);
+    for (; m_load->record < end; ++m_load->record) {
+        enter(m_load->record);
         if (!met(m_report.filter) || !met(m_report.selection))
             continue;
         for (const quint32 row : m_current)
-            m_rows[kept++] = row;
+            m_rows[m_load->kept++] = row;
     }
-    m_rows.resize(kept);
+    if (end < records)
+        return true;
+    m_rows.resize(m_load->kept);
+    return false;
 }
 
 } // namespace platform::print

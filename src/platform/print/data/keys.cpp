@@ -5,9 +5,7 @@
 
 #include <QtEndian>
 
-#include <algorithm>
 #include <bit>
-#include <numeric>
 
 namespace platform::print {
 namespace {
@@ -49,25 +47,6 @@ QByteArray valueKey(const formula::Value& value, bool caseSensitive)
     if (const auto* moment = std::get_if<formula::DateTime>(&value))
         return momentKey(moment->day, moment->second);
     return {};
-}
-
-std::vector<quint32> ranks(const std::vector<QByteArray>& keys, bool descending)
-{
-    std::vector<quint32> order(keys.size());
-    std::iota(order.begin(), order.end(), 0u);
-    std::sort(order.begin(), order.end(),
-              [&keys](quint32 left, quint32 right) { return keys[left] < keys[right]; });
-    std::vector<quint32> result(keys.size());
-    quint32 rank = 0;
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        rank += i > 0 && keys[order[i]] != keys[order[i - 1]] ? 1u : 0u;
-        result[order[i]] = rank;
-    }
-    if (descending) {
-        for (quint32& place : result)
-            place = rank - place;
-    }
-    return result;
 }
 
 } // namespace platform::print

@@ -8,14 +8,9 @@
 
 #include <QByteArray>
 
-#include <vector>
-
 namespace platform::print {
 
 /// No value gives the empty key, which comes first. Keys of one type compare by their bytes.
 [[nodiscard]] QByteArray valueKey(const formula::Value& value, bool caseSensitive);
-
-/// The place of each key among the different keys, from 0; reversed when `descending`.
-[[nodiscard]] std::vector<quint32> ranks(const std::vector<QByteArray>& keys, bool descending);
 
 } // namespace platform::print

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/print/data/records.h"
 
+#include "platform/print/data/arrange.h"
 #include "platform/print/formula/to_text.h"
 
 #include <QFileInfo>
@@ -29,6 +30,14 @@ std::vector<quint32> Records::all() const
     for (std::size_t i = 0; i < records.size(); ++i)
         records[i] = static_cast<quint32>(i);
     return records;
+}
+
+View Records::arrange(std::vector<quint32> records)
+{
+    Arranger arranger(*this, std::move(records));
+    while (arranger.step()) {
+    }
+    return arranger.takeView();
 }
 
 void Records::setPosition(quint32 position)
@@ -84,12 +93,58 @@ formula::Outcome Records::formula(int slot)
     return m_report.formulas[static_cast<std::size_t>(slot)].formula.evaluate(*this);
 }
 
+QByteArrayView Records::columnBytes(int slot) const
+{
+    const Slot& place = m_binder.slotList()[static_cast<std::size_t>(slot)];
+    const auto table = static_cast<std::size_t>(place.table);
+    return m_tables[table].bytes(m_current[table], place.stored);
+}
+
 Value Records::operand(const formula::Operand& field)
 {
     if (!field.isFormula)
         return column(field.slot);
     formula::Outcome outcome = formula(field.slot);
     return outcome.fault ? Value() : std::move(outcome.value);
+}
+
+std::unique_ptr<Totaller> Records::totaller(std::size_t total)
+{
+    const TotalRequest& request = m_binder.totals()[total];
+    if (request.field.isFormula) {
+        const formula::Uses& uses =
+            m_report.formulas[static_cast<std::size_t>(request.field.slot)].formula.uses();
+        if (uses.variables || uses.pages || uses.printing)
+            return nullptr;
+    }
+    return std::make_unique<Totaller>(*this, request);
+}
+
+void Records::keepTotal(std::size_t total, Totaller& totaller)
+{
+    m_view->totals[total] = totaller.takeResults();
+}
+
+Value Records::total(int slot)
+{
+    if (m_view == nullptr)
+        return {};
+    const auto place = static_cast<std::size_t>(slot);
+    if (m_view->totals[place].empty()) {
+        const quint32 here = m_position;
+        Totaller totaller(*this, m_binder.totals()[place]);
+        while (totaller.step()) {
+        }
+        keepTotal(place, totaller);
+        setPosition(here);
+    }
+    const int group = m_binder.totals()[place].group;
+    if (group < 0)
+        return m_view->totals[place].front();
+    const auto level = static_cast<std::size_t>(group);
+    if (m_position >= m_view->size())
+        return {};
+    return m_view->totals[place][m_view->groupAt(level, m_position)];
 }
 
 formula::Outcome Records::neighbour(int step, const formula::Operand& field)
@@ -130,8 +185,7 @@ Value Records::pageFact(Special what) const
     case Special::GroupPageCount:
         return static_cast<double>(m_page.groupPageCount);
     case Special::PageNofM:
-        return u"Página %1 de %2"_s.arg(formula::formatNumber(m_page.page, 0, u".", u","),
-                                        formula::formatNumber(m_page.pageCount, 0, u".", u","));
+        return u"Página %1 de %2"_s.arg(formula::grouped(m_page.page), formula::grouped(m_page.pageCount));
     default:
         return m_page.repeatedHeader;
     }

@@ -39,6 +39,16 @@ quint32 RowStore::rowCount() const noexcept
     return m_columns.empty() ? m_plainRows : static_cast<quint32>(m_cells.size() / m_columns.size());
 }
 
+QByteArrayView RowStore::bytes(quint32 row, int column) const noexcept
+{
+    const auto place = static_cast<std::size_t>(column);
+    const quint64 cell = row == kNoRow ? kNullCell : m_cells[row * m_columns.size() + place];
+    if (cell == kNullCell || m_columns[place] == formula::Type::Number)
+        return {};
+    return QByteArrayView(m_texts.constData() + (cell >> kLengthBits),
+                          static_cast<qsizetype>(cell & ((quint64(1) << kLengthBits) - 1)));
+}
+
 formula::Value RowStore::value(quint32 row, int column) const
 {
     if (row == kNoRow)
@@ -49,13 +59,7 @@ formula::Value RowStore::value(quint32 row, int column) const
         return {};
     if (m_columns[place] == formula::Type::Number)
         return std::bit_cast<double>(cell);
-    const auto length = static_cast<qsizetype>(cell & ((quint64(1) << kLengthBits) - 1));
-    return QString::fromUtf8(m_texts.constData() + (cell >> kLengthBits), length);
-}
-
-qsizetype RowStore::bytes() const noexcept
-{
-    return m_texts.capacity() + static_cast<qsizetype>(m_cells.capacity() * sizeof(quint64));
+    return QString::fromUtf8(bytes(row, column));
 }
 
 } // namespace platform::print

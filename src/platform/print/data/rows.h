@@ -32,7 +32,9 @@ public:
     [[nodiscard]] quint32 rowCount() const noexcept;
     /// No value for a null, and for `kNoRow`.
     [[nodiscard]] formula::Value value(quint32 row, int column) const;
-    [[nodiscard]] qsizetype bytes() const noexcept;
+    /// What stands in a text cell, as it was stored; empty for a null and for `kNoRow`. Valid until rows are
+    /// added.
+    [[nodiscard]] QByteArrayView bytes(quint32 row, int column) const noexcept;
     /// For a table of which no column is read: how many rows it has.
     void setRowCount(quint32 count) noexcept { m_plainRows = count; }
 

@@ -154,6 +154,11 @@ QString formatNumber(double number, int decimals, QStringView thousands, QString
     return text;
 }
 
+QString grouped(qint64 count)
+{
+    return formatNumber(static_cast<double>(count), 0, u".", u",");
+}
+
 QString plainNumber(double number)
 {
     if (number == 0 || !std::isfinite(number))

@@ -22,6 +22,9 @@ inline constexpr int kMaxDecimals = 15;
 /// that isn't 0.
 [[nodiscard]] QString formatNumber(double number, int decimals, QStringView thousands, QStringView point);
 
+/// A count as a person reads it: "1.725".
+[[nodiscard]] QString grouped(qint64 count);
+
 /// Shortest decimal form with "." ("12", "0.5"): how a number stored in a text column reads.
 [[nodiscard]] QString plainNumber(double number);
 

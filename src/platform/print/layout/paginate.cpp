@@ -14,7 +14,29 @@ constexpr double kLeastBody = 20;
 /// Rounding of sums of millimetres.
 constexpr double kSlack = 0.001;
 
+double heightOf(const Report& report, SectionKind kind)
+{
+    double height = 0;
+    for (const int number : sectionsOf(report, kind))
+        height += report.sections[static_cast<std::size_t>(number)].height;
+    return height;
+}
+
+/// Between the margins, less the page footer.
+double fullHeight(const Report& report)
+{
+    return report.page.height - report.page.top - report.page.bottom -
+           heightOf(report, SectionKind::PageFooter);
+}
+
 } // namespace
+
+void Paginator::requireBody(const Report& report)
+{
+    const double body = fullHeight(report) - heightOf(report, SectionKind::PageHeader);
+    if (body < kLeastBody || report.page.width <= report.page.left + report.page.right)
+        throw Problem(kPageTooSmall, u"la página no deja sitio para el contenido"_s);
+}
 
 Paginator::Paginator(SectionMaker& maker, LetterCase& letters)
     : m_maker(maker)
@@ -22,15 +44,8 @@ Paginator::Paginator(SectionMaker& maker, LetterCase& letters)
     , m_report(maker.execution().report())
     , m_view(*maker.execution().records().view())
     , m_walk(m_report, m_view)
+    , m_fullHeight(fullHeight(m_report))
 {
-    for (const int footer : sectionsOf(m_report, SectionKind::PageFooter))
-        m_footerHeight += section(footer).height;
-    m_fullHeight = m_report.page.height - m_report.page.top - m_report.page.bottom - m_footerHeight;
-    double header = 0;
-    for (const int number : sectionsOf(m_report, SectionKind::PageHeader))
-        header += section(number).height;
-    if (m_fullHeight - header < kLeastBody || m_report.page.width <= m_report.page.left + m_report.page.right)
-        throw Problem(kPageTooSmall, u"la página no deja sitio para el contenido"_s);
     startPage(0);
 }
 
@@ -41,15 +56,15 @@ const Section& Paginator::section(int number) const
 
 int Paginator::finishedPages() const noexcept
 {
-    return static_cast<int>(m_pages.size()) - (m_complete ? 0 : 1);
+    return m_pages.count() - (m_complete ? 0 : 1);
 }
 
 PageFacts Paginator::facts(int page) const
 {
     PageFacts facts;
     facts.page = page + 1;
-    facts.pageCount = static_cast<int>(m_pages.size());
-    const auto restarts = [this](int i) { return m_pages[static_cast<std::size_t>(i)].restarts; };
+    facts.pageCount = m_pages.count();
+    const auto restarts = [this](int i) { return m_pages.page(i).restarts; };
     int first = page;
     while (first > 0 && !restarts(first))
         --first;
@@ -64,17 +79,19 @@ PageFacts Paginator::facts(int page) const
 PageFacts Paginator::currentFacts() const
 {
     PageFacts facts;
-    facts.page = static_cast<int>(m_pages.size());
+    facts.page = m_pages.count();
     facts.pageCount = facts.page;
     facts.groupPage = m_groupPage;
     facts.groupPageCount = m_groupPage;
     return facts;
 }
 
-std::vector<PlacedSection> Paginator::placedAtOnce(SectionKind kind, quint32 position, double& height)
+double Paginator::placePart(PagePart part, quint32 position)
 {
-    std::vector<PlacedSection> placed;
+    const SectionKind kind = part == PagePart::Header ? SectionKind::PageHeader : SectionKind::PageFooter;
+    m_maker.execution().records().setPage(currentFacts());
     m_maker.execution().records().setPosition(position);
+    double height = 0;
     for (const int number : sectionsOf(m_report, kind)) {
         const SectionLayout layout = m_maker.make(number);
         if (layout.suppressed)
@@ -87,24 +104,19 @@ std::vector<PlacedSection> Paginator::placedAtOnce(SectionKind kind, quint32 pos
         if (m_maker.keepsTexts(number))
             made.kept = std::make_shared<const KeptTexts>(layout.texts);
         height += layout.height;
-        placed.push_back(std::move(made));
+        m_pages.add(part, made);
     }
-    return placed;
+    return height;
 }
 
 void Paginator::startPage(quint32 position)
 {
-    Page page;
-    page.first = position;
-    page.last = position;
-    m_pages.push_back(std::move(page));
+    m_pages.beginPage(position);
     ++m_groupPage;
-    m_maker.execution().records().setPage(currentFacts());
-    double height = 0;
-    m_pages.back().header = placedAtOnce(SectionKind::PageHeader, position, height);
     // A header that grows leaves the body at least its least height.
-    m_pages.back().headerHeight = std::min(height, m_fullHeight - kLeastBody);
-    m_bodyHeight = m_fullHeight - m_pages.back().headerHeight;
+    const double header = std::min(placePart(PagePart::Header, position), m_fullHeight - kLeastBody);
+    m_pages.current().headerHeight = static_cast<float>(header);
+    m_bodyHeight = m_fullHeight - header;
     m_y = 0;
     m_emptyBody = true;
     m_breakPending = false;
@@ -112,8 +124,7 @@ void Paginator::startPage(quint32 position)
 
 void Paginator::finishPage()
 {
-    double height = 0;
-    m_pages.back().footer = placedAtOnce(SectionKind::PageFooter, m_pages.back().last, height);
+    placePart(PagePart::Footer, m_pages.current().last);
 }
 
 void Paginator::breakPage(quint32 position)
@@ -151,6 +162,8 @@ bool Paginator::step()
 
 void Paginator::placeBand(const Band& band)
 {
+    // A page may have been painted since the last step.
+    m_maker.execution().records().setPage(currentFacts());
     m_maker.execution().records().setPosition(band.position);
     if (band.kind == SectionKind::GroupHeader) {
         const Group& group = m_report.groups[static_cast<std::size_t>(band.group)];
@@ -160,7 +173,7 @@ void Paginator::placeBand(const Band& band)
         if (m_breakPending || (!m_emptyBody && room() + kSlack < neededRoom(band)))
             breakPage(band.position);
         if (group.restartPages && m_emptyBody) {
-            m_pages.back().restarts = true;
+            m_pages.current().restarts = true;
             m_groupPage = 1;
         }
     } else if (band.kind == SectionKind::Detail && !m_emptyBody && room() + kSlack < neededRoom(band)) {
@@ -279,7 +292,13 @@ void Paginator::placeSection(int number, quint32 position, bool repeated)
         records.setPosition(position);
         placeCut(number, position, plain ? m_maker.make(number) : layout);
     } else {
-        put(number, position, height, 0, repeated, kept);
+        PlacedSection placed;
+        placed.section = number;
+        placed.position = position;
+        placed.height = height;
+        placed.repeated = repeated;
+        placed.kept = std::move(kept);
+        put(std::move(placed));
     }
     m_breakPending = definition.newPageAfter && !repeated;
 }
@@ -287,12 +306,16 @@ void Paginator::placeSection(int number, quint32 position, bool repeated)
 /// A section higher than the body goes on over several pages; each takes at least one line of it.
 void Paginator::placeCut(int number, quint32 position, const SectionLayout& layout)
 {
-    double skipped = 0;
-    const auto kept = std::make_shared<const KeptTexts>(layout.texts);
-    while (skipped + kSlack < layout.height) {
-        const double left = layout.height - skipped;
-        double part =
-            left <= room() + kSlack ? left : SectionMaker::cutPoint(layout, skipped, room(), m_letters);
+    PlacedSection placed;
+    placed.section = number;
+    placed.position = position;
+    placed.cut = true;
+    placed.kept = std::make_shared<const KeptTexts>(layout.texts);
+    while (placed.skipped + kSlack < layout.height) {
+        const double left = layout.height - placed.skipped;
+        double part = left <= room() + kSlack
+                          ? left
+                          : SectionMaker::cutPoint(layout, placed.skipped, room(), m_letters);
         if (part <= kSlack && !m_emptyBody) {
             breakPage(position);
             continue;
@@ -300,12 +323,12 @@ void Paginator::placeCut(int number, quint32 position, const SectionLayout& layo
         if (part <= kSlack) {
             // Nothing can be cut here: it is clipped at the page's end.
             part = std::max(room(), kSlack * 2);
-            ++m_pages.back().clipped;
+            ++m_clipped;
         }
-        put(number, position, part, skipped, false, kept);
-        m_pages.back().body.back().cut = true;
-        skipped += part;
-        if (skipped + kSlack < layout.height)
+        placed.height = part;
+        put(placed);
+        placed.skipped += part;
+        if (placed.skipped + kSlack < layout.height)
             breakPage(position);
     }
 }
@@ -324,21 +347,13 @@ void Paginator::placeAtFoot(const Band& band, std::size_t from)
         placeSection(band.sections[i], band.position, false);
 }
 
-void Paginator::put(int number, quint32 position, double height, double skipped, bool repeated,
-                    std::shared_ptr<const KeptTexts> kept)
+void Paginator::put(PlacedSection placed)
 {
-    PlacedSection placed;
-    placed.section = number;
-    placed.position = position;
     placed.y = m_y;
-    placed.height = height;
-    placed.skipped = skipped;
-    placed.repeated = repeated;
-    placed.kept = std::move(kept);
-    m_pages.back().body.push_back(std::move(placed));
-    m_pages.back().last = position;
-    m_y += height;
-    m_emptyBody = m_emptyBody && repeated;
+    m_pages.add(PagePart::Body, placed);
+    m_pages.current().last = placed.position;
+    m_y += placed.height;
+    m_emptyBody = m_emptyBody && placed.repeated;
 }
 
 } // namespace platform::print

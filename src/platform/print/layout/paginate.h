@@ -5,35 +5,27 @@
 // follows.
 
 #include "platform/print/layout/bands.h"
-#include "platform/print/layout/section.h"
+#include "platform/print/layout/pages.h"
 
 namespace platform::print {
-
-/// One page as a list of what stands on it; painted from the records at need. Heights are millimetres.
-struct Page
-{
-    double headerHeight = 0;
-    quint32 first = 0;     ///< record that the page header shows
-    quint32 last = 0;      ///< record that the page footer shows
-    bool restarts = false; ///< the count of a group begins here
-    std::vector<PlacedSection> header;
-    std::vector<PlacedSection> body; ///< y from the top of the body
-    std::vector<PlacedSection> footer;
-    int clipped = 0; ///< sections that didn't fit and couldn't be cut
-};
 
 class Paginator
 {
 public:
     /// Throws `Problem` 16 when less than 20 mm stay for the body.
+    static void requireBody(const Report& report);
+
+    /// For a report that has a body.
     Paginator(SectionMaker& maker, LetterCase& letters);
 
     /// Places one band. False when all of them are placed.
     bool step();
     [[nodiscard]] bool isComplete() const noexcept { return m_complete; }
     /// Pages that are finished; the last one of them may still grow until the report is complete.
-    [[nodiscard]] const std::vector<Page>& pages() const noexcept { return m_pages; }
+    [[nodiscard]] const PageList& pages() const noexcept { return m_pages; }
     [[nodiscard]] int finishedPages() const noexcept;
+    /// Sections that didn't fit a page and couldn't be cut.
+    [[nodiscard]] int clippedCount() const noexcept { return m_clipped; }
     /// Page number and counts; the counts are right once the report is complete.
     [[nodiscard]] PageFacts facts(int page) const;
 
@@ -46,8 +38,8 @@ private:
     void placeSection(int section, quint32 position, bool repeated);
     void placeCut(int section, quint32 position, const SectionLayout& layout);
     void placeAtFoot(const Band& band, std::size_t from);
-    void put(int section, quint32 position, double height, double skipped, bool repeated,
-             std::shared_ptr<const KeptTexts> kept);
+    /// At the present place of the body, `y` left to be set.
+    void put(PlacedSection placed);
     void repeatHeaders(quint32 position);
     [[nodiscard]] double measured(const Band& band);
     [[nodiscard]] double neededRoom(const Band& band);
@@ -56,21 +48,22 @@ private:
     [[nodiscard]] const Section& section(int number) const;
     /// Of the page under way; the counts aren't known yet.
     [[nodiscard]] PageFacts currentFacts() const;
-    std::vector<PlacedSection> placedAtOnce(SectionKind kind, quint32 position, double& height);
+    /// Places the sections of the page's header or footer; their height.
+    double placePart(PagePart part, quint32 position);
 
     SectionMaker& m_maker;
     LetterCase& m_letters;
     const Report& m_report;
     View& m_view;
     BandWalk m_walk;
-    std::vector<Page> m_pages;
+    PageList m_pages;
     double m_fullHeight = 0; ///< between the margins, less the page footer
-    double m_footerHeight = 0;
     double m_bodyHeight = 0;
     double m_y = 0;
     bool m_emptyBody = true; ///< nothing but repeated headers stands on the page yet
     bool m_breakPending = false;
     bool m_complete = false;
+    int m_clipped = 0;
     int m_groupPage = 0;  ///< of the page under way, from 1 since the count last began
     int m_openGroups = 0; ///< groups, from the outermost, whose header has been placed
 };

@@ -4,6 +4,8 @@
 
 #include <QSaveFile>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace platform::print {
@@ -63,32 +65,63 @@ std::vector<CsvColumn> columnsOf(const Report& report)
     return columns;
 }
 
+class CsvExport final : public Export
+{
+public:
+    explicit CsvExport(const QString& path)
+        : m_file(path)
+    {}
+
+    bool open() override { return m_file.open(QIODevice::WriteOnly); }
+
+    bool step(Document& document) override
+    {
+        if (m_position == 0)
+            begin(document);
+        Records& records = document.execution().records();
+        const quint32 end = std::min(m_position + kRecordsAStep, records.view()->size());
+        QString text;
+        for (; m_position < end; ++m_position) {
+            records.setPosition(m_position);
+            QStringList cells;
+            for (const CsvColumn& column : m_columns)
+                cells += cell(column, records);
+            text += cells.join(u';') + u"\r\n"_s;
+        }
+        m_file.write(text.toUtf8());
+        return m_position < records.view()->size();
+    }
+
+    bool commit() override { return m_file.commit(); }
+
+    [[nodiscard]] QString progress() const override
+    {
+        return u"registros: "_s + formula::grouped(m_position);
+    }
+
+private:
+    void begin(Document& document)
+    {
+        // The pages have counted already; here the counting begins anew.
+        document.execution().variables().global.restart();
+        document.execution().variables().shared->restart();
+        m_columns = columnsOf(document.report());
+        QStringList headings;
+        for (const CsvColumn& column : m_columns)
+            headings += quotedCell(heading(*column.formula));
+        m_file.write((QChar(0xFEFF) + headings.join(u';') + u"\r\n"_s).toUtf8());
+    }
+
+    QSaveFile m_file;
+    std::vector<CsvColumn> m_columns;
+    quint32 m_position = 0;
+};
+
 } // namespace
 
-bool writeCsv(Document& document, const QString& path)
+std::unique_ptr<Export> csvExport(const QString& path)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    const std::vector<CsvColumn> columns = columnsOf(document.report());
-    Records& records = document.execution().records();
-    QStringList cells;
-    for (const CsvColumn& column : columns)
-        cells += quotedCell(heading(*column.formula));
-    QString text = QChar(0xFEFF) + cells.join(u';') + u"\r\n"_s;
-    for (quint32 position = 0; position < records.view()->size(); ++position) {
-        records.setPosition(position);
-        cells.clear();
-        for (const CsvColumn& column : columns)
-            cells += cell(column, records);
-        text += cells.join(u';') + u"\r\n"_s;
-        if (text.size() > 1'000'000) {
-            file.write(text.toUtf8());
-            text.clear();
-        }
-    }
-    file.write(text.toUtf8());
-    return file.commit();
+    return std::make_unique<CsvExport>(path);
 }
 
 } // namespace platform::print

@@ -38,32 +38,81 @@ Document::Document(std::unique_ptr<Report> report, const QString& folder, const 
     m_execution = std::make_unique<Execution>(*m_report, moment);
 }
 
+void Document::begin(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths)
+{
+    Paginator::requireBody(*m_report);
+    m_execution->begin(paths, subreportPaths);
+}
+
 void Document::start(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths)
 {
-    m_execution->run(paths, subreportPaths);
+    begin(paths, subreportPaths);
+    while (m_stage == DocumentStage::Reading && step()) {
+    }
+    makeFirstPage();
+    if (m_failure)
+        throw Problem(*m_failure);
+}
+
+/// The records are there: pages can be made.
+void Document::compose()
+{
     m_letters = std::make_unique<LetterCase>(m_report->styles);
     m_maker = std::make_unique<SectionMaker>(*m_execution, *m_letters);
     m_paginator = std::make_unique<Paginator>(*m_maker, *m_letters);
     m_painter = std::make_unique<PagePainter>(*m_paginator, *m_maker, *m_letters, m_pictures);
-    while (pageCount() == 0 && m_paginator->step()) {
+    m_stage = DocumentStage::Composing;
+}
+
+bool Document::step()
+{
+    if (m_stage == DocumentStage::Composing) {
+        if (m_paginator->step())
+            return true;
+        m_stage = DocumentStage::Complete;
+    }
+    if (m_stage != DocumentStage::Reading)
+        return false;
+    try {
+        if (!m_execution->step())
+            compose();
+        return true;
+    } catch (const Problem& problem) {
+        m_failure = problem;
+        m_stage = DocumentStage::Failed;
+        return false;
     }
 }
 
-bool Document::makePages(int milliseconds)
+bool Document::work(int milliseconds)
 {
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < milliseconds) {
-        if (!m_paginator->step())
+        if (!step())
             return false;
     }
     return true;
 }
 
+void Document::makeFirstPage()
+{
+    while (m_stage == DocumentStage::Composing && pageCount() == 0 && step()) {
+    }
+}
+
 void Document::makeAllPages()
 {
-    while (m_paginator->step()) {
+    while (step()) {
     }
+}
+
+void Document::cancel()
+{
+    if (m_stage != DocumentStage::Reading)
+        return;
+    m_execution->cancel();
+    m_stage = DocumentStage::Cancelled;
 }
 
 int Document::pageCount() const noexcept
@@ -78,10 +127,18 @@ int Document::recordCount()
 
 QString Document::notes() const
 {
-    const int invalid = m_execution->invalidCount();
-    if (invalid == 0)
-        return {};
-    return u"%1 registros con datos no válidos"_s.arg(formula::formatNumber(invalid, 0, u".", u","));
+    const auto counted = [](int count, const QString& what) {
+        return count == 0 ? QString() : formula::grouped(count) + what;
+    };
+    QStringList notes{counted(m_execution->invalidCount(), u" registros con datos no válidos"_s),
+                      counted(m_paginator ? m_paginator->clippedCount() : 0, u" secciones recortadas"_s)};
+    notes.removeAll(QString());
+    return notes.join(u", "_s);
+}
+
+qsizetype Document::pageListBytes() const noexcept
+{
+    return m_paginator ? m_paginator->pages().bytes() : 0;
 }
 
 } // namespace platform::print

@@ -16,18 +16,17 @@
 #include <QSpinBox>
 #include <QStatusBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace platform::print {
+
+using formula::grouped;
+
 namespace {
 
-constexpr int kSliceMilliseconds = 30;
 constexpr double kZoomStep = 1.25;
-
-QString grouped(int number)
-{
-    return formula::formatNumber(number, 0, u".", u",");
-}
 
 } // namespace
 
@@ -55,39 +54,87 @@ PreviewWindow::PreviewWindow(std::shared_ptr<Document> document, const PreviewRe
     buildTools(request);
     m_view->installEventFilter(this);
     m_view->setFocus();
-    m_timer.callOnTimeout(this, [this] { work(); });
-    if (!m_document->isComplete())
-        m_timer.start(0);
-    goTo(0);
+    m_slices.start();
+    follow();
 }
 
 PreviewWindow::~PreviewWindow()
 {
+    m_slices.stop();
+    for (const std::unique_ptr<OutputTask>& task : m_tasks)
+        task->setProgress({});
     // A print that the user began is not lost with its window.
     finishPrinting();
+    m_tasks.clear();
+    m_document->cancel();
 }
 
 void PreviewWindow::work()
 {
-    if (!m_document->makePages(kSliceMilliseconds)) {
-        m_timer.stop();
+    if (!m_document->work(kSliceMilliseconds))
+        m_slices.stop();
+    follow();
+}
+
+/// Shows what has been made since it was called last, by this window or by a print of it.
+void PreviewWindow::follow()
+{
+    if (!m_hasPages && m_document->pageCount() > 0) {
+        m_hasPages = true;
+        goTo(0);
+    }
+    if (!m_isComplete && m_document->isComplete()) {
+        m_isComplete = true;
         m_view->refresh();
     }
     showState();
 }
 
+bool PreviewWindow::wasCancelled() const
+{
+    return m_cancelled && !m_document->isComplete();
+}
+
+bool PreviewWindow::isRunning() const
+{
+    return m_slices.isActive() ||
+           std::any_of(m_tasks.begin(), m_tasks.end(),
+                       [](const std::unique_ptr<OutputTask>& task) { return !task->isDone(); });
+}
+
+QString PreviewWindow::stateText() const
+{
+    const int pages = m_document->pageCount();
+    const bool composes = m_slices.isActive() && m_showsProgress;
+    QString text;
+    if (m_document->failure())
+        text = m_document->failure()->text();
+    else if (composes && m_document->stage() == DocumentStage::Reading)
+        text = u"Leyendo registros: %1"_s.arg(grouped(m_document->rowsRead()));
+    else if (composes)
+        text = u"Componiendo página %1"_s.arg(grouped(pages + 1));
+    else if (pages > 0)
+        text = u"Página %1 de %2"_s.arg(grouped(m_view->page() + 1), grouped(pages)) +
+               (m_document->isComplete() ? u""_s : u"+"_s);
+    else if (wasCancelled())
+        text = u"Sin páginas"_s;
+    return wasCancelled() ? text + u" (cancelado)"_s : text;
+}
+
+QString PreviewWindow::notesText() const
+{
+    QStringList notes{m_document->notes(), m_message};
+    if (m_message.isEmpty() && !m_tasks.empty())
+        notes += m_tasks.back()->state();
+    notes.removeAll(QString());
+    return notes.join(u" · "_s);
+}
+
 void PreviewWindow::showState()
 {
     const int pages = m_document->pageCount();
-    const bool running = m_timer.isActive();
-    const QString total = grouped(pages) + (m_document->isComplete() ? u""_s : u"+"_s);
-    QString text = u"Página %1 de %2"_s.arg(grouped(m_view->page() + 1), total);
-    if (running && m_showsProgress)
-        text = u"Componiendo página %1"_s.arg(grouped(pages + 1));
-    if (m_cancelled)
-        text += u" (cancelado)"_s;
-    m_state->setText(text);
-    m_notes->setText(m_document->notes());
+    m_state->setText(stateText());
+    m_notes->setText(notesText());
     if (m_pageBox != nullptr) {
         const QSignalBlocker quiet(m_pageBox);
         m_pageBox->setMaximum(std::max(1, pages));
@@ -98,7 +145,7 @@ void PreviewWindow::showState()
     for (int i = 0; i < m_navigation.size(); ++i)
         m_navigation[i]->setEnabled(i < 2 ? !first : !last);
     if (m_cancel != nullptr)
-        m_cancel->setEnabled(running);
+        m_cancel->setEnabled(isRunning());
 }
 
 void PreviewWindow::goTo(int page)
@@ -125,27 +172,43 @@ void PreviewWindow::goLast()
 
 void PreviewWindow::cancelRun()
 {
-    if (!m_timer.isActive())
-        return;
-    m_timer.stop();
-    m_cancelled = true;
+    for (const std::unique_ptr<OutputTask>& task : m_tasks)
+        task->cancel();
+    if (m_slices.isActive()) {
+        m_slices.stop();
+        m_document->cancel();
+        m_cancelled = true;
+    }
+    showState();
+}
+
+void PreviewWindow::addTask(std::unique_ptr<OutputTask> task)
+{
+    std::erase_if(m_tasks, [](const std::unique_ptr<OutputTask>& old) { return old->isDone(); });
+    task->setProgress([this] { follow(); });
+    m_tasks.push_back(std::move(task));
+    m_message.clear();
     showState();
 }
 
 void PreviewWindow::printNow()
 {
     try {
-        m_tasks.push_back(std::make_unique<PrintTask>(m_document, m_printing));
-        m_notes->setText(u"Imprimiendo"_s);
+        auto task = std::make_unique<PrintTask>(m_printing);
+        task->begin(m_document);
+        addTask(std::move(task));
     } catch (const Problem& problem) {
-        m_notes->setText(problem.text());
+        m_message = problem.text();
+        showState();
     }
 }
 
 void PreviewWindow::finishPrinting()
 {
-    for (const std::unique_ptr<PrintTask>& task : m_tasks)
-        task->finish();
+    for (const std::unique_ptr<OutputTask>& task : m_tasks) {
+        if (dynamic_cast<PrintTask*>(task.get()) != nullptr)
+            task->finish();
+    }
 }
 
 void PreviewWindow::choosePrinter()
@@ -154,7 +217,8 @@ void PreviewWindow::choosePrinter()
     for (const Printer& printer : Printers())
         names += printer.DeviceName;
     if (names.isEmpty()) {
-        m_notes->setText(u"no hay impresoras"_s);
+        m_message = u"no hay impresoras"_s;
+        showState();
         return;
     }
     bool chosen = false;
@@ -169,14 +233,21 @@ void PreviewWindow::chooseExport()
 {
     const QString path = QFileDialog::getSaveFileName(this, u"Exportar"_s, windowTitle() + u".pdf"_s,
                                                       u"PDF (*.pdf);;CSV (*.csv)"_s);
-    if (!path.isEmpty() && !exportTo(path))
-        m_notes->setText(u"no se puede escribir «%1»"_s.arg(path));
+    if (!path.isEmpty())
+        exportTo(path);
 }
 
 bool PreviewWindow::exportTo(const QString& path)
 {
     const bool records = path.endsWith(u".csv"_s, Qt::CaseInsensitive);
-    return records ? writeCsv(*m_document, path) : writePdf(*m_document, path, windowTitle());
+    std::unique_ptr<Export> file = records ? csvExport(path) : pdfExport(path, windowTitle());
+    if (!file->open()) {
+        m_message = u"no se puede escribir «%1»"_s.arg(path);
+        showState();
+        return false;
+    }
+    addTask(std::make_unique<ExportTask>(m_document, std::move(file), path));
+    return true;
 }
 
 void PreviewWindow::zoomBy(double factor)

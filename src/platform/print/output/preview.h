@@ -5,11 +5,12 @@
 
 #include "platform/print/output/document.h"
 #include "platform/print/output/printing.h"
+#include "platform/print/slices.h"
 
 #include <QMainWindow>
-#include <QTimer>
 
 #include <memory>
+#include <vector>
 
 class QAction;
 class QComboBox;
@@ -39,20 +40,23 @@ class PreviewWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// The window deletes itself when it is closed.
+    /// Goes on with the document, which has begun, in slices of the event loop. The window deletes itself
+    /// when it is closed; what is still being read is let go then.
     PreviewWindow(std::shared_ptr<Document> document, const PreviewRequest& request,
                   const PrintRequest& printing);
     ~PreviewWindow() override;
 
     void goTo(int page);
-    /// Stops the making of pages; the finished ones stay.
+    /// Stops what is under way: the reading for good, the making of pages (the finished ones stay), prints
+    /// and exports.
     void cancelRun();
-    [[nodiscard]] bool wasCancelled() const noexcept { return m_cancelled; }
+    [[nodiscard]] bool wasCancelled() const;
     /// Prints every page; says in the status line why it can't.
     void printNow();
     /// Runs a print that was begun to its end.
     void finishPrinting();
-    /// Writes a PDF or, with a name that ends in ".csv", the records. False when the file can't be written.
+    /// Begins to write a PDF or, with a name that ends in ".csv", the records. False when the file can't be
+    /// written.
     bool exportTo(const QString& path);
 
 protected:
@@ -72,12 +76,17 @@ private:
     void applyZoom(int index);
     void zoomBy(double factor);
     void work();
+    void follow();
+    void addTask(std::unique_ptr<OutputTask> task);
     void showState();
+    [[nodiscard]] QString stateText() const;
+    [[nodiscard]] QString notesText() const;
+    [[nodiscard]] bool isRunning() const;
     bool handleKey(QKeyEvent* event);
 
     std::shared_ptr<Document> m_document;
     PrintRequest m_printing;
-    std::vector<std::unique_ptr<PrintTask>> m_tasks;
+    std::vector<std::unique_ptr<OutputTask>> m_tasks; ///< prints and exports, the last one begun at the end
     PageView* m_view = nullptr;
     QScrollArea* m_area = nullptr;
     QSpinBox* m_pageBox = nullptr;
@@ -86,10 +95,13 @@ private:
     QComboBox* m_zoom = nullptr;
     QList<QAction*> m_navigation;
     QAction* m_cancel = nullptr;
-    QTimer m_timer;
+    QString m_message; ///< why the last command couldn't be done
+    SlicedWork m_slices{[this] { work(); }};
     bool m_canPrint = false;
     bool m_showsProgress = true;
     bool m_cancelled = false;
+    bool m_hasPages = false;
+    bool m_isComplete = false;
 };
 
 } // namespace platform::print

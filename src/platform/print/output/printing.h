@@ -3,10 +3,9 @@
 
 // Pages to a printer, in slices of the event loop.
 
-#include "platform/print/output/document.h"
+#include "platform/print/output/outputtask.h"
 
 #include <QPainter>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -25,39 +24,32 @@ struct PrintRequest
     int lastPage = 0;  ///< 0 is the last one
 };
 
-class PrintTask
+class PrintTask final : public OutputTask
 {
 public:
-    /// Begins at once. Throws `Problem`: no such printer (14), the printing system refuses (15).
-    PrintTask(std::shared_ptr<Document> document, const PrintRequest& request);
-    ~PrintTask();
-    PrintTask(const PrintTask&) = delete;
-    PrintTask& operator=(const PrintTask&) = delete;
+    /// Looks for the printer. Throws `Problem` (14) when it isn't there.
+    explicit PrintTask(const PrintRequest& request);
+    ~PrintTask() override;
 
-    /// Prints what is missing before it returns, with the waiting pointer.
-    void finish();
-    void cancel();
-    [[nodiscard]] bool isDone() const noexcept { return m_done; }
-    [[nodiscard]] bool failed() const noexcept { return m_failed; }
+    /// Begins to print, once. Throws `Problem` (15) when the printing system refuses.
+    void begin(std::shared_ptr<Document> document);
+    [[nodiscard]] QString state() const override;
 
 private:
-    void work();
-    bool printNext();
-    void end();
+    bool step() override;
+    bool close() override;
+    void abandon() override;
+    void countSheets();
     [[nodiscard]] int pageAt(int sheet) const;
 
-    std::shared_ptr<Document> m_document;
     PrintRequest m_request;
     std::unique_ptr<QPrinter> m_printer;
     QPainter m_painter;
-    QTimer m_timer;
     int m_first = 0;
     int m_count = 0;   ///< pages of one copy, known once all are made
     int m_repeats = 1; ///< copies that the printing system doesn't make itself
     int m_sheet = 0;
-    bool m_begun = false;
-    bool m_done = false;
-    bool m_failed = false;
+    bool m_counted = false;
 };
 
 /// Replaces the choice of the device, for tests and tools that print to a file: it sets the printer up and

@@ -30,15 +30,17 @@ PagePainter::PagePainter(Paginator& paginator, SectionMaker& maker, LetterCase& 
 
 void PagePainter::paint(QPainter& painter, int page)
 {
-    const Page& shown = m_paginator.pages()[static_cast<std::size_t>(page)];
+    const PageList& pages = m_paginator.pages();
     const PageSetup& setup = m_maker.execution().report().page;
+    const double body = setup.top + static_cast<double>(pages.page(page).headerHeight);
     m_facts = m_paginator.facts(page);
-    paintSections(painter, m_maker, shown.header, setup.left, setup.top);
-    paintSections(painter, m_maker, shown.body, setup.left, setup.top + shown.headerHeight);
-    double footer = 0;
-    for (const PlacedSection& placed : shown.footer)
-        footer += placed.height;
-    paintSections(painter, m_maker, shown.footer, setup.left, setup.height - setup.bottom - footer);
+    paintSections(painter, m_maker, pages.sections(page, PagePart::Header), setup.left, setup.top);
+    paintSections(painter, m_maker, pages.sections(page, PagePart::Body), setup.left, body);
+    const std::vector<PlacedSection> footer = pages.sections(page, PagePart::Footer);
+    double height = 0;
+    for (const PlacedSection& placed : footer)
+        height += placed.height;
+    paintSections(painter, m_maker, footer, setup.left, setup.height - setup.bottom - height);
 }
 
 QString PagePainter::pageText(int page)
@@ -179,20 +181,30 @@ void PagePainter::paintFrame(QPainter& painter, const PlacedItem& placed, double
     }
 }
 
+/// A column holds the picture itself or its path.
+QImage PagePainter::pictureOf(const Item& item, Records& records)
+{
+    if (!item.formula)
+        return m_pictures.picture(item.file);
+    const formula::Node* root = item.formula->root();
+    if (root != nullptr && root->kind == formula::NodeKind::Field) {
+        const QByteArrayView bytes = records.columnBytes(root->slot);
+        if (Pictures::isPicture(bytes))
+            return m_pictures.picture(bytes);
+    }
+    const formula::Outcome outcome = item.formula->evaluate(records);
+    return outcome.fault ? QImage() : m_pictures.picture(formatted({}, outcome.value));
+}
+
 void PagePainter::paintPicture(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x,
                                double y)
 {
     if (m_texts != nullptr)
         return;
     const Item& item = *placed.item;
-    QString name = item.file;
-    if (item.formula) {
-        const formula::Outcome outcome = item.formula->evaluate(maker.execution().records());
-        name = outcome.fault ? QString() : formatted({}, outcome.value);
-    }
-    const QImage& image = m_pictures.picture(name);
+    const QImage image = pictureOf(item, maker.execution().records());
     const QRectF room = rectOf(placed, x, y);
-    if (name.isEmpty() || image.isNull() || room.isEmpty()) {
+    if (image.isNull() || room.isEmpty()) {
         // A picture that must be there leaves its empty frame, so that the lack is seen.
         if (!item.optional) {
             painter.setPen(QPen(Qt::gray, 0.1 * kUnits));

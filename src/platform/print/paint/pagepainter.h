@@ -37,6 +37,7 @@ private:
     void paintItem(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x, double y);
     void paintText(QPainter& painter, const PlacedItem& placed, double x, double y);
     void paintFrame(QPainter& painter, const PlacedItem& placed, double x, double y);
+    [[nodiscard]] QImage pictureOf(const Item& item, Records& records);
     void paintPicture(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x, double y);
 
     Paginator& m_paginator;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Pictures of a report, read once: beside the report file, or by a path that a column holds.
+// Pictures of a report: beside the report file, by a path that a column holds, or out of a column itself. The
+// ones used last are kept.
 
-#include <QHash>
+#include <QByteArrayView>
+#include <QCache>
 #include <QImage>
 #include <QString>
 
@@ -13,16 +15,22 @@ class Pictures
 {
 public:
     /// Folder of the report file, as a native path.
-    explicit Pictures(QString folder)
-        : m_folder(std::move(folder))
-    {}
+    explicit Pictures(QString folder);
 
-    /// The picture, or a null image when it can't be read. A relative name counts from the report's folder.
-    [[nodiscard]] const QImage& picture(const QString& name);
+    /// Whether bytes begin as a picture of a kind that can be shown does.
+    [[nodiscard]] static bool isPicture(QByteArrayView bytes);
+
+    /// The picture of a file, or a null image when it can't be read or the name is empty. A relative name
+    /// counts from the report's folder.
+    [[nodiscard]] QImage picture(const QString& name);
+    /// The picture that stands in these bytes, or a null image.
+    [[nodiscard]] QImage picture(QByteArrayView bytes);
 
 private:
+    QImage keep(const QByteArray& key, const QImage& image);
+
     QString m_folder;
-    QHash<QString, QImage> m_pictures;
+    QCache<QByteArray, QImage> m_pictures; ///< by name or by digest; cost in KB
 };
 
 } // namespace platform::print
