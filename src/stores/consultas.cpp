@@ -69,7 +69,8 @@ void makeStore(Database& database)
 {
     const auto create = [&] {
         database = DBEngine().Workspaces(0).CreateDatabase(storePath(), platform::dao::kSpanishLocale,
-                                                           stores::kConsultasStore.formatOption);
+                                                           stores::kConsultasStore.formatOption,
+                                                           platform::storage::Appears::WhenClosed);
     };
     if (handled(&onCreateError, create) == After::Leave)
         return;

@@ -95,8 +95,8 @@ void createStore(const QString& path, const StoreSchema& store)
 {
     Database database;
     const auto create = [&] {
-        database = platform::dao::DBEngine().Workspaces(0).CreateDatabase(path, platform::dao::kSpanishLocale,
-                                                                          store.formatOption);
+        database = platform::dao::DBEngine().Workspaces(0).CreateDatabase(
+            path, platform::dao::kSpanishLocale, store.formatOption, platform::storage::Appears::WhenClosed);
     };
     if (handled(&onCreateError, create) == After::Leave)
         return;

@@ -288,8 +288,10 @@ class Workspace
 public:
     Workspace() = default;
 
-    /// Creates an empty store and opens it. 3204 when any file of that name is there.
-    [[nodiscard]] Database CreateDatabase(const QString& path, QStringView locale, int option);
+    /// Creates an empty store and opens it. 3204 when any file of that name is there. A store that appears
+    /// when it is closed is made whole or not at all, whatever happens to this station meanwhile.
+    [[nodiscard]] Database CreateDatabase(const QString& path, QStringView locale, int option,
+                                          storage::Appears appears = storage::Appears::AtOnce);
     [[nodiscard]] Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false);
     [[nodiscard]] dao::Databases Databases() const;
 

@@ -21,11 +21,12 @@ const std::shared_ptr<WorkspaceState>& defaultWorkspace()
 
 } // namespace
 
-Database Workspace::CreateDatabase(const QString& path, QStringView locale, int option)
+Database Workspace::CreateDatabase(const QString& path, QStringView locale, int option,
+                                   storage::Appears appears)
 {
     WorkspaceState& workspace = bound(m_state);
-    return workspace.adopt(path, workspace.storage->create(nativePath(path), {locale.toString(), option}),
-                           false);
+    return workspace.adopt(
+        path, workspace.storage->create(nativePath(path), {locale.toString(), option, appears}), false);
 }
 
 Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readOnly)

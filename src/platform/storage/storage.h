@@ -166,10 +166,15 @@ public:
 
 enum class Sharing { Shared, Exclusive };
 
+/// When a new file is there for others: at once, or when its maker closes it, whole. Whoever dies before that
+/// leaves none.
+enum class Appears { AtOnce, WhenClosed };
+
 struct CreateOptions
 {
     QString locale;
     int formatOption = 64; ///< 64 or the older 32; kept in the file, without effect
+    Appears appears = Appears::AtOnce;
 };
 
 class Engine
@@ -179,7 +184,8 @@ public:
 
     /// 3024 no file, 3044 no folder, 3049 not a database or of length 0, 3050 locked, 3051 no permission.
     [[nodiscard]] virtual std::unique_ptr<Connection> open(const QString& path, Sharing sharing) = 0;
-    /// Makes an empty file and opens it, shared. 3204 the name is taken, 3044 no folder.
+    /// Makes an empty file and opens it, shared. 3204 the name is taken, 3044 no folder, 3050 another station
+    /// has been making it for two seconds.
     [[nodiscard]] virtual std::unique_ptr<Connection> create(const QString& path,
                                                              const CreateOptions& options) = 0;
     /// Keeps the file found beside the new one (`<name>.dañado-N`) and writes a new one with every row that

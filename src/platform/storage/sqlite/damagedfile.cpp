@@ -3,14 +3,13 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/storage/sqlite/companions.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,26 +19,9 @@ namespace platform::storage::sqlite {
 
 namespace {
 
-/// Files that SQLite keeps beside a database and would take for the new file's.
-constexpr const char* kCompanions[] = {"-journal", "-wal", "-shm"};
-
 QByteArray native(const QString& path)
 {
     return QFile::encodeName(path);
-}
-
-void moveCompanions(const QString& from, const QString& to)
-{
-    for (const char* companion : kCompanions)
-        static_cast<void>(
-            std::rename((native(from) + companion).constData(), (native(to) + companion).constData()));
-}
-
-void removeReplacement(const QString& path)
-{
-    unlink(native(path).constData());
-    for (const char* companion : kCompanions)
-        unlink((native(path) + companion).constData());
 }
 
 bool exists(const QString& path)
@@ -48,25 +30,13 @@ bool exists(const QString& path)
     return lstat(native(path).constData(), &status) == 0;
 }
 
-/// Renaming is only lasting once the folder is on the disk.
-void syncFolderOf(const QString& path)
-{
-    const QByteArray folder = native(QFileInfo(path).absolutePath());
-    const int descriptor = open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    static_cast<void>(fsync(descriptor));
-    close(descriptor);
-}
-
 } // namespace
 
-DamagedFile::DamagedFile(const QString& path, const AsideNames& names)
+DamagedFile::DamagedFile(const QString& path)
     : m_path(path)
-    , m_keptStart(path + names.kept)
-    , m_replacement(path + names.replacement)
+    , m_replacement(path + u".reparado"_s)
 {
-    removeReplacement(m_replacement);
+    removeWithCompanions(m_replacement);
     putAside();
 }
 
@@ -74,7 +44,7 @@ DamagedFile::~DamagedFile()
 {
     if (m_replaced)
         return;
-    removeReplacement(m_replacement);
+    removeWithCompanions(m_replacement);
     moveCompanions(m_kept, m_path);
     if (m_linked)
         unlink(native(m_kept).constData());
@@ -85,7 +55,7 @@ DamagedFile::~DamagedFile()
 void DamagedFile::putAside()
 {
     for (int number = 1;; ++number) {
-        const QString kept = m_keptStart + QString::number(number);
+        const QString kept = m_path + u".dañado-"_s + QString::number(number);
         if (!takeName(kept))
             continue;
         m_kept = kept;
@@ -125,14 +95,6 @@ void DamagedFile::replace()
     if (stat(native(m_kept).constData(), &status) == 0)
         static_cast<void>(chmod(native(m_replacement).constData(), status.st_mode & 07777));
     if (std::rename(native(m_replacement).constData(), native(m_path).constData()) != 0)
-        throw Failure(kCannotOpenFile, m_path);
-    m_replaced = true;
-    syncFolderOf(m_path);
-}
-
-void DamagedFile::withdraw()
-{
-    if (m_linked && unlink(native(m_path).constData()) != 0)
         throw Failure(kCannotOpenFile, m_path);
     m_replaced = true;
     syncFolderOf(m_path);

@@ -15,6 +15,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -176,6 +177,20 @@ Database makeDatabase(const QString& path, const CreateOptions& options)
     return database;
 }
 
+/// Gives a new file its name, opens it again, and lets others in.
+Database published(Database database, NewFile& making, const Sidecar& sidecar)
+{
+    database = {};
+    const int failure = making.publish();
+    if (failure != 0)
+        throw Failure(failure, making.path());
+    database = openHandle(making.path(), true);
+    configure(database);
+    making.keep();
+    becomeUser(sidecar);
+    return database;
+}
+
 } // namespace
 
 void requireReadable(const QString& path)
@@ -217,11 +232,16 @@ std::unique_ptr<Store> createStore(const QString& path, const CreateOptions& opt
 {
     requireFreeName(path);
     auto sidecar = std::make_unique<Sidecar>(path);
-    takePresence(*sidecar, Sharing::Shared);
-    const GatePass pass = GatePass::forWriting(*sidecar, Task::Open);
-    Database database = makeStoreFile(path, options);
+    becomeMaker(*sidecar);
+    // Another station may just have made it.
+    requireFreeName(path);
+    auto making = std::make_unique<NewFile>(path);
+    Database database = makeStoreFile(making->path(), options);
+    if (options.appears == Appears::AtOnce)
+        database = published(std::move(database), *std::exchange(making, nullptr), *sidecar);
     auto authorizer = std::make_unique<Authorizer>(database.get());
-    return std::make_unique<Store>(std::move(sidecar), std::move(database), std::move(authorizer));
+    return std::make_unique<Store>(std::move(sidecar), std::move(database), std::move(authorizer),
+                                   std::move(making));
 }
 
 } // namespace platform::storage::sqlite

@@ -28,12 +28,25 @@ void rollBack(const Store& store) noexcept
 
 } // namespace
 
-Store::Store(std::unique_ptr<Sidecar> sidecar, Database database, std::unique_ptr<Authorizer> authorizer)
+Store::Store(std::unique_ptr<Sidecar> sidecar, Database database, std::unique_ptr<Authorizer> authorizer,
+             std::unique_ptr<NewFile> making)
     : m_sidecar(std::move(sidecar))
+    , m_making(std::move(making))
     , m_authorizer(std::move(authorizer))
     , m_database(std::move(database))
     , m_readOnly(!m_sidecar->isWritable() || sqlite3_db_readonly(m_database.get(), "main") == 1)
 {}
+
+Store::~Store()
+{
+    if (!m_making)
+        return;
+    m_dataVersion = {};
+    m_schemaVersion = {};
+    m_database = {};
+    if (m_making->publish() == 0)
+        m_making->keep();
+}
 
 Statement Store::prepare(const QByteArray& sql, Task task) const
 {

@@ -7,6 +7,7 @@
 #include "platform/storage/sqlite/authorizer.h"
 #include "platform/storage/sqlite/gate.h"
 #include "platform/storage/sqlite/handle.h"
+#include "platform/storage/sqlite/newfile.h"
 #include "platform/storage/sqlite/sidecar.h"
 
 #include <memory>
@@ -16,8 +17,13 @@ namespace platform::storage::sqlite {
 class Store
 {
 public:
-    /// Takes what `openStore` and `createStore` made.
-    Store(std::unique_ptr<Sidecar> sidecar, Database database, std::unique_ptr<Authorizer> authorizer);
+    /// Takes what `openStore` and `createStore` made. With a file in the making, the end of the store gives
+    /// it its name; if that fails there is no such store.
+    Store(std::unique_ptr<Sidecar> sidecar, Database database, std::unique_ptr<Authorizer> authorizer,
+          std::unique_ptr<NewFile> making = nullptr);
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
 
     [[nodiscard]] bool isReadOnly() const noexcept { return m_readOnly; }
     [[nodiscard]] const Sidecar& sidecar() const noexcept { return *m_sidecar; }
@@ -36,6 +42,7 @@ public:
 private:
     // In this order: the presence lock goes after the last use of the file.
     std::unique_ptr<Sidecar> m_sidecar;
+    std::unique_ptr<NewFile> m_making;
     std::unique_ptr<Authorizer> m_authorizer;
     Database m_database;
     Statement m_dataVersion;

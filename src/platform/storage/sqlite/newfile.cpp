@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/storage/sqlite/newfile.h"
+
+#include "platform/core/failure.h"
+#include "platform/core/failurenumbers.h"
+#include "platform/storage/sqlite/companions.h"
+#include "platform/storage/sqlite/gate.h"
+#include "platform/storage/sqlite/presence.h"
+#include "platform/storage/sqlite/rangelock.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace platform::storage::sqlite {
+
+namespace {
+
+/// Renames unless the new name is taken; 0 or the system's error.
+int renameToFreeName(const QByteArray& from, const QByteArray& to) noexcept
+{
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    // A network share may not know how to spare a taken name. Only makers of this very store could take it
+    // between the two calls, and they wait for us.
+    if (access(to.constData(), F_OK) == 0)
+        return EEXIST;
+    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+} // namespace
+
+void becomeMaker(const Sidecar& sidecar)
+{
+    // Without a sidecar the folder can't be written, and so there will be no file either.
+    if (!sidecar.exists())
+        return;
+    const auto deadline = std::chrono::steady_clock::now() + kGateWait;
+    if (lockUntil(sidecar.descriptor(), kPresenceByte, LockKind::Exclusive, deadline) != LockResult::Taken)
+        throw Failure(kCouldNotLockFile, u"another station makes the file, or the folder doesn't lock"_s);
+}
+
+void becomeUser(const Sidecar& sidecar)
+{
+    // Giving up a part of what one holds can't be refused.
+    takePresence(sidecar, Sharing::Shared);
+}
+
+NewFile::NewFile(const QString& path)
+    : m_storePath(path)
+    , m_path(path + u".nuevo"_s)
+{
+    removeWithCompanions(m_path);
+}
+
+NewFile::~NewFile()
+{
+    if (!m_kept)
+        removeWithCompanions(m_path);
+}
+
+int NewFile::publish() noexcept
+{
+    // A journal of a store that was deleted would be rolled back into this one.
+    removeCompanions(m_storePath);
+    const int error = renameToFreeName(QFile::encodeName(m_path), QFile::encodeName(m_storePath));
+    if (error != 0)
+        return error == EEXIST ? kDatabaseAlreadyExists : kCannotOpenFile;
+    m_path = m_storePath;
+    syncFolderOf(m_path);
+    return 0;
+}
+
+} // namespace platform::storage::sqlite
