@@ -32,9 +32,10 @@ bool exists(const QString& path)
 
 } // namespace
 
-DamagedFile::DamagedFile(const QString& path)
+DamagedFile::DamagedFile(const QString& path, const AsideNames& names)
     : m_path(path)
-    , m_replacement(path + u".reparado"_s)
+    , m_keptStart(path + names.kept)
+    , m_replacement(path + names.replacement)
 {
     removeWithCompanions(m_replacement);
     putAside();
@@ -55,7 +56,7 @@ DamagedFile::~DamagedFile()
 void DamagedFile::putAside()
 {
     for (int number = 1;; ++number) {
-        const QString kept = m_path + u".dañado-"_s + QString::number(number);
+        const QString kept = m_keptStart + QString::number(number);
         if (!takeName(kept))
             continue;
         m_kept = kept;
@@ -95,6 +96,14 @@ void DamagedFile::replace()
     if (stat(native(m_kept).constData(), &status) == 0)
         static_cast<void>(chmod(native(m_replacement).constData(), status.st_mode & 07777));
     if (std::rename(native(m_replacement).constData(), native(m_path).constData()) != 0)
+        throw Failure(kCannotOpenFile, m_path);
+    m_replaced = true;
+    syncFolderOf(m_path);
+}
+
+void DamagedFile::withdraw()
+{
+    if (m_linked && unlink(native(m_path).constData()) != 0)
         throw Failure(kCannotOpenFile, m_path);
     m_replaced = true;
     syncFolderOf(m_path);
