@@ -8,8 +8,10 @@
 #include "stores/allstores.h"
 #include "tools/data/checkstore.h"
 #include "tools/data/companiesschema.h"
+#include "tools/data/enginefault.h"
 #include "tools/data/findings.h"
-#include "tools/data/toolerror.h"
+#include "tools/data/losses.h"
+#include "tools/data/rootfiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,20 +28,6 @@ namespace {
 
 using platform::storage::Connection;
 using platform::storage::Table;
-
-QString openingFault(const platform::Failure& failure)
-{
-    switch (failure.number()) {
-    case platform::kNotADatabase:
-        return QStringLiteral("no es una base de datos o está dañado");
-    case platform::kCouldNotLockFile:
-        return QStringLiteral("otro puesto lo tiene bloqueado");
-    case platform::kCannotOpenFile:
-        return QStringLiteral("no hay permiso para abrirlo");
-    default:
-        return QStringLiteral("no se puede abrir (fallo %1)").arg(failure.number());
-    }
-}
 
 /// A column of detail lines that must name a client of the company.
 struct Link
@@ -96,6 +84,16 @@ private:
             return;
         }
         ++m_files;
+        m_isDamaged = false;
+        checkOpened(schema, path, file, more);
+        if (m_isDamaged)
+            tellLosses(path, file, stores::tableDefinitions(schema.tables), m_findings);
+    }
+
+    template <typename More>
+    void checkOpened(const stores::StoreSchema& schema, const QString& path, const QString& file,
+                     const More& more)
+    {
         try {
             const auto store = openStore(path, file);
             if (store == nullptr)
@@ -103,6 +101,7 @@ private:
             checkContents(*store, schema, file);
             more(*store);
         } catch (const platform::Failure& failure) {
+            m_isDamaged = m_isDamaged || failure.number() == platform::kNotADatabase;
             m_findings.fault({file, {}, {}},
                              QStringLiteral("no se puede leer (fallo %1)").arg(failure.number()));
         }
@@ -113,6 +112,7 @@ private:
         try {
             return platform::storage::sqliteEngine()->open(path, platform::storage::Sharing::Shared);
         } catch (const platform::Failure& failure) {
+            m_isDamaged = failure.number() == platform::kNotADatabase;
             m_findings.fault({file, {}, {}}, openingFault(failure));
             return nullptr;
         }
@@ -120,8 +120,10 @@ private:
 
     void checkContents(Connection& store, const stores::StoreSchema& schema, const QString& file)
     {
-        for (const QString& fault : store.integrityFaults())
+        for (const QString& fault : store.integrityFaults()) {
+            m_isDamaged = true;
             m_findings.fault({file, {}, {}}, QStringLiteral("fichero dañado: %1").arg(fault));
+        }
         checkSchema(store, schema, file, m_findings);
         for (const auto& definition : store.tables()) {
             const auto table = store.openTable(definition.name);
@@ -231,19 +233,14 @@ private:
     QTextStream& m_out;
     ClientsByCompany m_clients;
     int m_files = 0;
+    bool m_isDamaged = false; ///< of the store under check
 };
 
 } // namespace
 
 bool checkRoot(const QString& folder, QTextStream& out)
 {
-    if (!QFileInfo(folder).isDir())
-        throw ToolError(QStringLiteral("no existe la carpeta «%1»").arg(folder));
-    const QString catalogue =
-        platform::nativePath(QDir(folder).absolutePath() + kCompaniesStore.file.toString());
-    if (!QFileInfo(catalogue).isFile())
-        throw ToolError(
-            QStringLiteral("«%1» no es una raíz de datos: falta «Empresas de Quenda.mdb»").arg(folder));
+    requireDataRoot(folder);
     return RootCheck(folder, out).run();
 }
 

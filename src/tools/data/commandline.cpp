@@ -2,14 +2,17 @@
 #include "tools/data/commandline.h"
 
 #include "platform/core/failure.h"
+#include "tools/data/backup.h"
 #include "tools/data/checkroot.h"
 #include "tools/data/demoroot.h"
+#include "tools/data/repairfile.h"
 #include "tools/data/toolerror.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 
+#include <array>
 #include <optional>
 
 namespace tools {
@@ -23,13 +26,29 @@ const QString& helpText()
     static const QString kText = QStringLiteral(
         "Uso: orvane-data demo CARPETA [--size N] [--seed S]\n"
         "     orvane-data check CARPETA\n"
+        "     orvane-data backup CARPETA COPIA\n"
+        "     orvane-data verify COPIA\n"
+        "     orvane-data restore COPIA CARPETA [--replace]\n"
+        "     orvane-data repair FICHERO\n"
         "\n"
         "  demo   crea en CARPETA, que no debe existir o debe estar vacía, una raíz de datos\n"
         "         de prueba con tres empresas. Los mismos argumentos dan siempre los mismos datos.\n"
         "           --size N   número de clientes de la empresa 00012 (1 a 1000000; 300 si no se dice)\n"
         "           --seed S   semilla, un número entero desde 0 (1 si no se dice)\n"
         "  check  revisa todos los ficheros de la raíz de datos CARPETA sin cambiar nada.\n"
-        "         Da un fallo o un aviso por línea.\n"
+        "         Da un fallo o un aviso por línea. De un fichero dañado dice cuántas filas quedan\n"
+        "         y qué claves se han perdido, hasta donde lo cuentan sus índices.\n"
+        "  backup copia los ficheros de la raíz CARPETA (catálogo, empresas, teléfonos, informes) en\n"
+        "         COPIA, una carpeta que no debe existir o debe estar vacía. Los puestos pueden seguir\n"
+        "         trabajando: ninguno espera más de un segundo, y todo queda de un mismo instante.\n"
+        "         Si un fichero está dañado no se hace la copia.\n"
+        "  verify comprueba cada byte y cada fila de COPIA con la lista que lleva.\n"
+        "  restore comprueba COPIA y la devuelve a CARPETA, que no debe existir o debe estar vacía.\n"
+        "           --replace  si CARPETA tiene contenido, sustituye sus ficheros por los de COPIA;\n"
+        "                      los que había quedan como «NOMBRE.anterior-N». Ningún puesto puede\n"
+        "                      tenerlos abiertos.\n"
+        "  repair repara un fichero dañado, que queda aparte como «NOMBRE.dañado-N», y dice qué se\n"
+        "         ha salvado y qué se ha perdido. Ningún puesto puede tenerlo abierto.\n"
         "\n"
         "  --help     muestra esta ayuda\n"
         "  --version  muestra la versión\n"
@@ -115,15 +134,85 @@ int demo(const QStringList& arguments, QTextStream& out)
     return ExitClean;
 }
 
+/// The arguments of a command that takes none but `names`, each said in the fault when it is missing, and the
+/// flag, if any.
+struct Operands
+{
+    QStringList values;
+    bool hasFlag = false;
+};
+
+Operands operandsOf(const QStringList& arguments, const QStringList& names, QStringView flag = {})
+{
+    Operands operands;
+    for (const QString& argument : arguments.mid(1)) {
+        if (!flag.isEmpty() && argument == flag)
+            operands.hasFlag = true;
+        else if (argument.startsWith(u'-'))
+            throw ToolError(QStringLiteral("opción desconocida «%1»").arg(argument));
+        else if (operands.values.size() == names.size())
+            throw ToolError(QStringLiteral("sobra el argumento «%1»").arg(argument));
+        else
+            operands.values.append(argument);
+    }
+    // "" is where a name should be and no name: an absolute path would become the current folder.
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (operands.values.value(i).isEmpty())
+            throw ToolError(QStringLiteral("falta %1").arg(names.at(i)));
+    }
+    return operands;
+}
+
 int check(const QStringList& arguments, QTextStream& out)
 {
-    if (arguments.size() < 2)
-        throw ToolError(QStringLiteral("falta la carpeta"));
-    if (arguments.size() > 2)
-        throw ToolError(QStringLiteral("sobra el argumento «%1»").arg(arguments[2]));
-    if (arguments[1].startsWith(u'-'))
-        throw ToolError(QStringLiteral("opción desconocida «%1»").arg(arguments[1]));
-    return checkRoot(arguments[1], out) ? ExitClean : ExitFaults;
+    const Operands operands = operandsOf(arguments, {QStringLiteral("la carpeta")});
+    return checkRoot(operands.values.at(0), out) ? ExitClean : ExitFaults;
+}
+
+int backup(const QStringList& arguments, QTextStream& out)
+{
+    const Operands operands =
+        operandsOf(arguments, {QStringLiteral("la carpeta"), QStringLiteral("la carpeta de la copia")});
+    backUp(operands.values.at(0), operands.values.at(1), out);
+    return ExitClean;
+}
+
+int verify(const QStringList& arguments, QTextStream& out)
+{
+    const Operands operands = operandsOf(arguments, {QStringLiteral("la carpeta de la copia")});
+    return verifyCopy(operands.values.at(0), out) ? ExitClean : ExitFaults;
+}
+
+int restoreCopy(const QStringList& arguments, QTextStream& out)
+{
+    const Operands operands = operandsOf(
+        arguments, {QStringLiteral("la carpeta de la copia"), QStringLiteral("la carpeta")}, u"--replace");
+    return restore(operands.values.at(0), operands.values.at(1), operands.hasFlag, out) ? ExitClean
+                                                                                        : ExitFaults;
+}
+
+int repair(const QStringList& arguments, QTextStream& out)
+{
+    const Operands operands = operandsOf(arguments, {QStringLiteral("el fichero")});
+    return repairFile(operands.values.at(0), out) ? ExitClean : ExitFaults;
+}
+
+struct Command
+{
+    QStringView name;
+    int (*run)(const QStringList& arguments, QTextStream& out);
+};
+constexpr std::array kCommands{
+    Command{u"demo", &demo},     Command{u"check", &check},         Command{u"backup", &backup},
+    Command{u"verify", &verify}, Command{u"restore", &restoreCopy}, Command{u"repair", &repair},
+};
+
+QString commandNames()
+{
+    QStringList names;
+    for (const Command& command : kCommands)
+        names.append(command.name.toString());
+    return names.join(QStringLiteral(", "));
 }
 
 int run(const QStringList& arguments, QTextStream& out)
@@ -137,13 +226,13 @@ int run(const QStringList& arguments, QTextStream& out)
         return ExitClean;
     }
     if (arguments.isEmpty())
-        throw ToolError(QStringLiteral("falta la orden: demo o check (véase --help)"));
-    if (arguments.first() == u"demo")
-        return demo(arguments, out);
-    if (arguments.first() == u"check")
-        return check(arguments, out);
+        throw ToolError(QStringLiteral("falta la orden: %1 (véase --help)").arg(commandNames()));
+    for (const Command& command : kCommands) {
+        if (arguments.first() == command.name)
+            return command.run(arguments, out);
+    }
     throw ToolError(
-        QStringLiteral("orden desconocida «%1»: demo o check (véase --help)").arg(arguments.first()));
+        QStringLiteral("orden desconocida «%1»: %2 (véase --help)").arg(arguments.first(), commandNames()));
 }
 
 } // namespace
