@@ -5,6 +5,7 @@
 #include "platform/window/flexdelegate.h"
 #include "platform/window/flexgrid.h"
 #include "platform/window/flexmodel.h"
+#include "platform/window/focusrules.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -187,6 +188,9 @@ void FlexGrid::focusInEvent(QFocusEvent* event)
     // Not the item view's own: that would make the first cell current.
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+    const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byTab && focusRuleRuns(*event) && currentIndex().isValid())
+        scrollTo(currentIndex());
     // Behind what Qt says of the grid as a whole.
     QMetaObject::invokeMethod(
         this, [this] { tellFocus(); }, Qt::QueuedConnection);

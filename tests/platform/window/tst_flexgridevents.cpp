@@ -58,6 +58,8 @@ private Q_SLOTS:
     void tabLeavesTheGrid();
     void tabLeavesTheGridFromAnEditor();
     void backtabLeavesTheGrid();
+    void tabIntoTheGridShowsTheCursor_data();
+    void tabIntoTheGridShowsTheCursor();
     void tabLeavesTheGridFromADropDown();
     void ctrlTabEndsAnEditAndGoesOnToTheParent_data();
     void ctrlTabEndsAnEditAndGoesOnToTheParent();
@@ -278,6 +280,31 @@ void FlexGridEventsTest::backtabLeavesTheGrid()
 
     QVERIFY(next->hasFocus());
     QCOMPARE(grid->col(), 0);
+}
+
+void FlexGridEventsTest::tabIntoTheGridShowsTheCursor_data()
+{
+    QTest::addColumn<int>("reason");
+    QTest::addColumn<bool>("shown");
+
+    QTest::newRow("Tab") << int(Qt::TabFocusReason) << true;
+    QTest::newRow("Shift+Tab") << int(Qt::BacktabFocusReason) << true;
+    QTest::newRow("a click keeps the lines in view") << int(Qt::MouseFocusReason) << false;
+    QTest::newRow("code keeps the lines in view") << int(Qt::OtherFocusReason) << false;
+}
+
+void FlexGridEventsTest::tabIntoTheGridShowsTheCursor()
+{
+    QFETCH(const int, reason);
+    QFETCH(const bool, shown);
+    grid->setRows(50);
+    grid->setRow(45);
+    next->setFocus();
+    QVERIFY(!grid->viewport()->rect().contains(cell(45, 0)));
+
+    grid->setFocus(Qt::FocusReason(reason));
+
+    QCOMPARE(grid->viewport()->rect().contains(cell(45, 0)), shown);
 }
 
 void FlexGridEventsTest::tabLeavesTheGridFromADropDown()
