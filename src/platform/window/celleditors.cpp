@@ -56,6 +56,7 @@ std::optional<QString> CellCombo::cellText() const
 void CellCombo::showPopup()
 {
     // The cell may be far narrower than the texts of its list.
+    view()->setAccessibleName(accessibleName());
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + kPopupMargin);
     m_droppedDown = true;
     QComboBox::showPopup();

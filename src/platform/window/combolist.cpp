@@ -5,6 +5,7 @@
 #include "platform/core/failurenumbers.h"
 #include "platform/window/focusrules.h"
 
+#include <QAbstractItemView>
 #include <QFocusEvent>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -82,6 +83,13 @@ void ComboList::wheelEvent(QWheelEvent* event)
         QComboBox::wheelEvent(event);
     else
         event->ignore();
+}
+
+void ComboList::showEvent(QShowEvent* event)
+{
+    // The list that drops down takes the focus, so it bears the name too.
+    view()->setAccessibleName(accessibleName());
+    QComboBox::showEvent(event);
 }
 
 } // namespace platform

@@ -174,11 +174,7 @@ QAccessibleInterface* makeGridAccessible(const QString&, QObject* object)
 
 void provideGridAccessibility()
 {
-    static const bool isProvided = [] {
-        QAccessible::installFactory(&makeGridAccessible);
-        return true;
-    }();
-    Q_UNUSED(isProvided)
+    QAccessible::installFactory(&makeGridAccessible);
 }
 
 } // namespace platform

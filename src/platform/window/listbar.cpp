@@ -3,6 +3,7 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/window/accessibleroles.h"
 #include "platform/window/listbaritem.h"
 
 #include <QAccessible>
@@ -19,6 +20,7 @@ ListBar::ListBar(QWidget* parent)
     : QFrame(parent)
     , m_layout(new QVBoxLayout(this))
 {
+    provideAccessibleRoles();
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);

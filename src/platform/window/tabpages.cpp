@@ -3,6 +3,7 @@
 
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
+#include "platform/window/accessibleroles.h"
 #include "platform/window/focusrules.h"
 
 #include <QApplication>
@@ -45,6 +46,7 @@ bool takesTab(const QWidget* control)
 TabPages::TabPages(QWidget* parent)
     : QTabWidget(parent)
 {
+    provideAccessibleRoles();
     setTabStop(true);
     setMouseTracking(true);
     connect(this, &QTabWidget::currentChanged, this, &TabPages::reportPage);

@@ -44,6 +44,7 @@ TreeView::TreeView(QWidget* parent)
 {
     setColumnCount(1);
     setHeaderHidden(true);
+    setHeaderLabel({}); // else Qt calls the one column "1"
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformRowHeights(true);

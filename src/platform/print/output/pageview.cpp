@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/print/output/pageview.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QPixmap>
 
@@ -17,6 +18,13 @@ constexpr int kBorder = 12;
 constexpr double kLeastZoom = 0.25;
 constexpr double kMostZoom = 4;
 
+/// To a screen reader the page is a document.
+QAccessibleInterface* makePageAccessible(const QString&, QObject* object)
+{
+    auto* page = qobject_cast<PageView*>(object);
+    return page ? new QAccessibleWidget(page, QAccessible::Document) : nullptr;
+}
+
 } // namespace
 
 PageView::PageView(std::shared_ptr<Document> document, QWidget* parent)
@@ -24,6 +32,7 @@ PageView::PageView(std::shared_ptr<Document> document, QWidget* parent)
     , m_document(std::move(document))
     , m_cache(kCachedPages)
 {
+    QAccessible::installFactory(&makePageAccessible);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(u"Página del informe"_s);
     setZoom(1);

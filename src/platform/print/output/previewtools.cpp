@@ -4,6 +4,7 @@
 #include "platform/print/output/pageview.h"
 #include "platform/print/output/preview.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QIcon>
@@ -92,8 +93,10 @@ void PreviewWindow::buildZoom()
     m_zoom = new QComboBox(bar);
     m_zoom->setObjectName(u"zoom"_s);
     m_zoom->setAccessibleName(u"Zoom"_s);
+    m_zoom->view()->setAccessibleName(m_zoom->accessibleName());
     m_zoom->setEditable(true);
     m_zoom->lineEdit()->setReadOnly(true);
+    m_zoom->lineEdit()->setAccessibleName(m_zoom->accessibleName());
     for (const int percent : {25, 50, 75, 100, 125, 150, 200, 300, 400})
         m_zoom->addItem(u"%1 %"_s.arg(percent), percent);
     m_zoom->addItem(u"Ancho de página"_s, kFitWidth);
