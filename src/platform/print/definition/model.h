@@ -95,7 +95,7 @@ struct Item
     double toX = 0; ///< of a line
     double toY = 0;
     int style = 0;
-    std::vector<TextPiece> pieces;           ///< of a text
+    std::vector<TextPiece> pieces;           ///< of a text, or what stands in for a missing picture
     std::optional<formula::Formula> formula; ///< of a field, or a picture taken from a column
     std::optional<formula::Formula> suppress;
     std::optional<Format> format;

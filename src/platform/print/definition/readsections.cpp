@@ -74,7 +74,7 @@ void ReportReader::readItem(const XmlElement& element, Section& section)
         return;
     }
     item.suppress = reader.formula("suprimir"_L1);
-    reader.finish(item.kind == Item::Kind::Text);
+    reader.finish(item.kind == Item::Kind::Text || item.kind == Item::Kind::Picture);
     section.items.push_back(std::move(item));
 }
 
@@ -133,6 +133,9 @@ bool ReportReader::readContent(const XmlElement& element, ElementReader& reader,
         item.optional = reader.yes("opcional"_L1);
         if (item.file.isEmpty() != item.formula.has_value())
             reader.fail(element.place, u"«imagen» lleva «fichero» o «expr»"_s);
+        item.style = styleNumber(reader, "estilo"_L1);
+        if (!element.text.trimmed().isEmpty())
+            item.pieces = readPieces(element);
         return true;
     }
     item.style = styleNumber(reader, "estilo"_L1);

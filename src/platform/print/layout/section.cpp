@@ -140,7 +140,7 @@ bool SectionMaker::repeatsAbove(const Item& item)
 
 QString SectionMaker::text(const Item& item)
 {
-    if (item.kind == Item::Kind::Text) {
+    if (item.kind == Item::Kind::Text || item.kind == Item::Kind::Picture) {
         QString text;
         for (const TextPiece& piece : item.pieces)
             text += piece.field ? fieldText(item, *piece.field) : piece.text;
@@ -154,9 +154,11 @@ QString SectionMaker::text(const Item& item)
 void SectionMaker::fill(PlacedItem& placed, const QString& text)
 {
     const Item& item = *placed.item;
+    if (text.isEmpty())
+        return;
     Letters& letters = m_letters.letters(item.style);
     if (item.grows) {
-        placed.lines = text.isEmpty() ? QStringList() : letters.wrap(text, item.width * kUnits);
+        placed.lines = letters.wrap(text, item.width * kUnits);
         const double needed = static_cast<double>(placed.lines.size()) * letters.lineHeight() / kUnits;
         placed.height = std::max(item.height, needed);
         return;
@@ -164,7 +166,7 @@ void SectionMaker::fill(PlacedItem& placed, const QString& text)
     // A fixed field takes as many lines as its height shows, at least one.
     const auto room = static_cast<qsizetype>(item.height * kUnits / letters.lineHeight());
     if (room <= 1 && !text.contains(u'\n')) {
-        placed.lines = text.isEmpty() ? QStringList() : QStringList{text};
+        placed.lines = QStringList{text};
         return;
     }
     placed.lines = letters.wrap(text, item.width * kUnits).mid(0, std::max<qsizetype>(room, 1));
@@ -197,7 +199,8 @@ SectionLayout SectionMaker::make(int section, const KeptTexts* kept)
         PlacedItem placed;
         placed.item = &item;
         placed.height = item.kind == Item::Kind::Line ? item.toY - item.y : item.height;
-        if (item.kind == Item::Kind::Text || item.kind == Item::Kind::Field)
+        const bool standsIn = item.kind == Item::Kind::Picture && !item.pieces.empty();
+        if (item.kind == Item::Kind::Text || item.kind == Item::Kind::Field || standsIn)
             fill(placed, shown);
         else if (item.kind == Item::Kind::Subreport)
             placed.strip = strip(item.subreport, placed.height);

@@ -199,10 +199,12 @@ QImage PagePainter::pictureOf(const Item& item, Records& records)
 void PagePainter::paintPicture(QPainter& painter, SectionMaker& maker, const PlacedItem& placed, double x,
                                double y)
 {
-    if (m_texts != nullptr)
-        return;
     const Item& item = *placed.item;
     const QImage image = pictureOf(item, maker.execution().records());
+    if (image.isNull() && !item.pieces.empty())
+        return paintText(painter, placed, x, y);
+    if (m_texts != nullptr)
+        return;
     const QRectF room = rectOf(placed, x, y);
     if (image.isNull() || room.isEmpty()) {
         // A picture that must be there leaves its empty frame, so that the lack is seen.
@@ -214,6 +216,8 @@ void PagePainter::paintPicture(QPainter& painter, SectionMaker& maker, const Pla
         return;
     }
     const QSizeF size = QSizeF(image.size()).scaled(room.size(), Qt::KeepAspectRatio);
+    // A letterhead's letters would smear in the PDF otherwise.
+    painter.setRenderHint(QPainter::LosslessImageRendering);
     painter.drawImage(QRectF(room.topLeft(), size), image);
 }
 

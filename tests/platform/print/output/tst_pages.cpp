@@ -6,6 +6,7 @@
 #include "platform/print/storefixture.h"
 
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -41,6 +42,8 @@ private Q_SLOTS:
     void variableCountsInPrintOrderOnly();
     void subreportPrintsItsOwnRecords();
     void subreportsSideBySideBeginAtTheSameHeight();
+    void textStandsInForAMissingPicture();
+    void sectionOfATallEmptyFieldCountsAsEmpty();
     void fieldThatFailsPrintsEmptyAndCountsOnce();
     void numberTooWideForItsPlaceShowsHashes();
     void tooSmallAPageIsRefused();
@@ -300,6 +303,29 @@ void PagesTest::subreportsSideBySideBeginAtTheSameHeight()
 
     QCOMPARE(pages(places + rows.arg(u"A"_s, four) + rows.arg(u"B"_s, four), 2),
              QStringList{u"1 2 3 4 1 2 3 4 1 2 3 4 1 2 3 4 p1/1"_s});
+}
+
+void PagesTest::textStandsInForAMissingPicture()
+{
+    const QString letterhead =
+        u"<seccion tipo=\"cabecera-pagina\" alto=\"10\"><imagen x=\"0\" y=\"0\" ancho=\"30\" alto=\"8\" "
+        "fichero=\"membrete.png\" opcional=\"si\" estilo=\"n\">Casa {T.G}</imagen></seccion>"_s;
+    QCOMPARE(pages(letterhead + detail(), 1), QStringList{u"Casa g1 1 p1/1"_s});
+
+    QImage picture(4, 4, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    QVERIFY(picture.save(m_folder.filePath(u"membrete.png"_s)));
+
+    QCOMPARE(pages(letterhead + detail(), 1), QStringList{u"1 p1/1"_s});
+}
+
+void PagesTest::sectionOfATallEmptyFieldCountsAsEmpty()
+{
+    const QString tall =
+        u"<seccion tipo=\"detalle\" alto=\"50\" suprimir-vacia=\"si\"><campo x=\"0\" y=\"0\" ancho=\"60\" "
+        "alto=\"40\" estilo=\"n\" expr=\"''\"/></seccion>"_s;
+
+    QCOMPARE(pages(detail() + tall, 3), QStringList{u"1 2 3 p1/1"_s});
 }
 
 void PagesTest::fieldThatFailsPrintsEmptyAndCountsOnce()
