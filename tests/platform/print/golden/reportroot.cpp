@@ -77,9 +77,10 @@ QString ReportRoot::path(const QString& relative) const
     return relative.isEmpty() ? m_folder.path() : m_folder.filePath(relative);
 }
 
-QString ReportRoot::withReport(const QString& reportFile) const
+QString ReportRoot::withReport(const QString& reportFile, const QString& folder) const
 {
-    const QString copy = path(QFileInfo(reportFile).fileName());
+    QDir(path()).mkdir(folder);
+    const QString copy = path(folder + u'/' + QFileInfo(reportFile).fileName());
     QFile::copy(reportFile, copy);
     return copy;
 }

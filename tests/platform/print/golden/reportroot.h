@@ -16,8 +16,8 @@ public:
     explicit ReportRoot(const QString& dataFolder);
 
     [[nodiscard]] QString path(const QString& relative = {}) const;
-    /// A copy of a report file in the root, where its catalogue and its pictures are looked for.
-    [[nodiscard]] QString withReport(const QString& reportFile) const;
+    /// A copy of a report file in a folder of its own, where its pictures are looked for.
+    [[nodiscard]] QString withReport(const QString& reportFile, const QString& folder) const;
 
 private:
     QTemporaryDir m_folder;

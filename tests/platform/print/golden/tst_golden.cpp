@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFontDatabase>
 #include <QHash>
+#include <QPainter>
 #include <QTest>
 #include <QTextStream>
 
@@ -25,6 +26,7 @@ struct Case
     QStringList options = {};
     QString company = u"00012"_s;
     QList<int> pictured = {1}; ///< pages whose picture is kept
+    bool letterhead = false;
 };
 
 QString formula(const QString& name, const QString& value)
@@ -41,6 +43,8 @@ QMap<QString, Case> cases()
     return {
         {u"conservacion-zona"_s,
          {conservation, {u"--where"_s, zones.arg(u"0000000003"_s)}, u"00012"_s, {1, 2, 3, 4}}},
+        {u"conservacion-membrete"_s,
+         {conservation, {u"--where"_s, zones.arg(u"0000000004"_s)}, u"00012"_s, {1}, true}},
         {u"conservacion-sin-precios"_s,
          {conservation,
           {u"--where"_s, zones.arg(u"0000000004"_s), u"--formula"_s, formula(u"PRECIOS"_s, u"NO"_s)}}},
@@ -83,6 +87,18 @@ QMap<QString, Case> cases()
     };
 }
 
+/// A drawing of three times its height, as is the place for it.
+void drawLetterhead(const QString& path)
+{
+    QImage picture(300, 100, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.fillRect(0, 0, 100, 100, Qt::darkGray);
+    painter.fillRect(110, 40, 190, 20, Qt::gray);
+    painter.end();
+    picture.save(path);
+}
+
 } // namespace
 
 class GoldenTest : public QObject
@@ -102,6 +118,7 @@ private Q_SLOTS:
     void textIsTheKeptOne();
     void pageLooksLikeTheKeptOne_data();
     void pageLooksLikeTheKeptOne();
+    void letterheadLosesNothingInThePdf();
     void everyKeptFileHasItsCase();
     void changedTextIsToldByItsLine();
     void changedPictureIsToldAndShown();
@@ -156,10 +173,11 @@ QString GoldenTest::pdf(const QString& name)
     file = m_root.path(name + u".pdf"_s);
     QString out;
     QTextStream stream(&out);
-    const QStringList arguments{u"render"_s,    m_root.withReport(source),
-                                u"--data"_s,    m_root.path(),
-                                u"--company"_s, wanted.company,
-                                u"--pdf"_s,     file};
+    const QString report = m_root.withReport(source, name);
+    if (wanted.letterhead)
+        drawLetterhead(QFileInfo(report).path() + u"/membrete.png"_s);
+    const QStringList arguments{u"render"_s,    report,         u"--data"_s, m_root.path(),
+                                u"--company"_s, wanted.company, u"--pdf"_s,  file};
     if (orvane::tools::runReportTool(arguments + wanted.options, stream, stream) != 0)
         qWarning("%s", qPrintable(out));
     return file;
@@ -225,6 +243,14 @@ void GoldenTest::pageLooksLikeTheKeptOne()
     QVERIFY2(!shown.isNull(), "the report has no such page");
     const QString difference = m_golden.comparePicture(pictureName(name, page), shown);
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
+}
+
+void GoldenTest::letterheadLosesNothingInThePdf()
+{
+    const QByteArray images = outputOf(u"pdfimages"_s, {u"-list"_s, pdf(u"conservacion-membrete"_s)});
+
+    QVERIFY2(images.contains(" 300   100 "), images.constData());
+    QVERIFY2(!images.contains("jpeg"), images.constData());
 }
 
 void GoldenTest::everyKeptFileHasItsCase()
