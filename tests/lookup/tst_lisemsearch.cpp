@@ -56,6 +56,7 @@ private Q_SLOTS:
     void enterListsTheRowsThatHoldTheText();
     void enterWithABlankTextDoesNothing();
     void theCodeColumnIsHiddenAfterASearch();
+    void theArrowsMoveTheRowAfterASearch();
     void aSearchKeepsCaptionAndCount();
     void aSearchThatFindsNothingLeavesAnEmptyGrid();
     void wildcardsOfTheTextAct();
@@ -164,6 +165,21 @@ void LisemSearchTest::theCodeColumnIsHiddenAfterASearch()
     QCOMPARE(fixture.busi().colWidth(0), 0);
     QVERIFY(fixture.busi().isColumnHidden(0));
     QCOMPARE(fixture.busi().textMatrix(1, 0), u"0005"_s);
+}
+
+void LisemSearchTest::theArrowsMoveTheRowAfterASearch()
+{
+    LookupFixture fixture;
+    fixture.givenTypes(types());
+    fixture.open(15);
+    fixture.search(u"l"_s);
+    fixture.press(fixture.box(), Qt::Key_Down);
+
+    fixture.press(fixture.busi(), Qt::Key_Down);
+
+    QCOMPARE(fixture.busi().row(), 2);
+    fixture.press(fixture.busi(), Qt::Key_Return);
+    QCOMPARE(RESULTADOBUSQUEDA, u"0005"_s);
 }
 
 void LisemSearchTest::aSearchKeepsCaptionAndCount()

@@ -210,6 +210,18 @@ void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
         Q_EMIT RowColChange();
 }
 
+/// A view doesn't move from a cell of a hidden column, where code may have put the cursor.
+QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex current = currentIndex();
+    int col = current.column();
+    while (current.isValid() && col < cols() && isColumnHidden(col))
+        ++col;
+    if (current.isValid() && col != current.column() && col < cols())
+        setCol(col);
+    return QTableView::moveCursor(action, modifiers);
+}
+
 bool FlexGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
     if (isEditing())
