@@ -55,7 +55,7 @@ LISTA::LISTA(QWidget* parent)
     ui->SSListBar1->addItem(u"CUATRO"_s, u"&Salir"_s, icon(Icon::Quit));
     // The buttons bear the same letters, and they are the ones in sight of the field that has the focus.
     ui->SSListBar1->setAltKeys(false);
-    showPicture(*ui->imgwl, Icon::Report);
+    showPicture(*ui->imgwl, Icon::Application);
     connectEvents();
 }
 
@@ -117,6 +117,7 @@ void LISTA::onFirstShown()
     for (QWidget* control : firstControls) {
         if (control->isVisible()) {
             control->setFocus();
+            ui->Text1->selectAll(); // typing replaces what stands there
             return;
         }
     }
@@ -132,6 +133,11 @@ void LISTA::showParameters()
     ui->Picture5->hide();
     ui->Picture6->hide();
     ui->rangeBlock->setVisible(hasPages);
+    if (row && row->pages == RangePages::Number) {
+        // The tab that refuses to turn looks so.
+        ui->Label5->setEnabled(false);
+        ui->Label5->setToolTip(u"Este informe sólo se elige por números"_s);
+    }
     if (row) {
         ui->Text1->setText(row->firstStart.toString());
         ui->Text2->setText(row->secondStart.toString());

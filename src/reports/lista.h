@@ -82,6 +82,8 @@ private:
 
     // printertree.cpp
     void fillPrinterTree();
+    /// Names the program's printer above the tree.
+    void showPresentPrinter();
 
     // pages.cpp
     void clearBlankBox(int box);

@@ -38,6 +38,14 @@ void LISTA::fillPrinterTree()
         if (printers[position].DeviceName == current)
             attempt([&] { tree.selectNode(u"I"_s + QString::number(position)); });
     }
+    showPresentPrinter();
+}
+
+void LISTA::showPresentPrinter()
+{
+    const QString name = currentPrinter().DeviceName;
+    ui->printerNow->setText(name.isEmpty() ? u"No hay ninguna impresora predeterminada"_s
+                                           : u"Impresora predeterminada: "_s + name);
 }
 
 void LISTA::chooseSelectedPrinter()
@@ -55,6 +63,7 @@ void LISTA::chooseSelectedPrinter()
                     {},
                     MessageIcon::Information});
     });
+    attempt([&] { showPresentPrinter(); });
 }
 
 } // namespace reports

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void report888StartsOnThePresentMonth();
     void focusStartsOnTheFirstParameter_data();
     void focusStartsOnTheFirstParameter();
+    void firstBoxIsSelectedSoThatTypingReplacesIt();
 
     void unloadWipesTheRequestByEveryRoad_data();
     void unloadWipesTheRequestByEveryRoad();
@@ -150,6 +151,17 @@ void ListaTest::focusStartsOnTheFirstParameter()
     m_driven->active(report);
 
     QTRY_VERIFY(m_driven->control<QWidget>(control.constData()).hasFocus());
+}
+
+void ListaTest::firstBoxIsSelectedSoThatTypingReplacesIt()
+{
+    m_driven->active(725);
+    auto& box = m_driven->control<TextBox>("Text1");
+    QTRY_COMPARE(box.selectedText(), u"0000000001"_s);
+
+    QTest::keyClicks(&box, u"7"_s);
+
+    QCOMPARE(box.text(), u"7"_s);
 }
 
 void ListaTest::unloadWipesTheRequestByEveryRoad_data()

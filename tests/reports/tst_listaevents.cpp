@@ -13,6 +13,7 @@
 #include "shell/globalsat.h"
 
 #include <QDateEdit>
+#include <QLabel>
 #include <QTest>
 
 using namespace platform;
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void doubleClickOnTheRootsDoesNothing();
     void printerThatHasGoneLeavesTheChoiceButShowsTheMessage();
     void choiceLastsAfterTheWindow();
+    void presentPrinterIsNamedAboveTheTree();
+    void missingPrinterIsToldAboveTheTree();
 
     void tabOfTheDatesTurnsThePage();
     void tabOfTheNumbersTurnsBack();
@@ -211,6 +214,27 @@ void ListaEventsTest::choiceLastsAfterTheWindow()
     m_driven->active(888);
 
     QCOMPARE(m_driven->control<TreeView>("TreeView1").selectedText(), u"Oficina"_s);
+}
+
+void ListaEventsTest::presentPrinterIsNamedAboveTheTree()
+{
+    m_driven->active(725);
+    const auto& label = m_driven->control<QLabel>("printerNow");
+    const QString before = label.text();
+
+    doubleClick(u"Oficina"_s);
+
+    QCOMPARE(before, u"Impresora predeterminada: Taller"_s);
+    QCOMPARE(label.text(), u"Impresora predeterminada: Oficina"_s);
+}
+
+void ListaEventsTest::missingPrinterIsToldAboveTheTree()
+{
+    setPrinterSource([] { return PrinterList{}; });
+
+    m_driven->active(725);
+
+    QCOMPARE(m_driven->control<QLabel>("printerNow").text(), u"No hay ninguna impresora predeterminada"_s);
 }
 
 void ListaEventsTest::tabOfTheDatesTurnsThePage()
