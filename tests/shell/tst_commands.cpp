@@ -3,6 +3,7 @@
 // The commands of the main window and the end of the run.
 
 #include "platform/core/regime.h"
+#include "platform/system/paths.h"
 #include "platform/window/formhelpers.h"
 #include "shell/globalsat.h"
 #include "shell/stmain.h"
@@ -20,7 +21,6 @@
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
-using testsupport::ProcessEnded;
 using testsupport::ProcessRecorder;
 
 class CommandsTest : public QObject
@@ -206,7 +206,7 @@ void CommandsTest::summaryReportIsRequestedAndShownModeless()
     clickEntry(u"Listadomenu"_s, u"resu"_s);
 
     QCOMPARE(NUMINFORME, 888.0);
-    QVERIFY(FICHEROINFORME.endsWith(u"\\consultatec.rpt"_s));
+    QCOMPARE(FICHEROINFORME, platform::currentDirectory() + u"\\consultatec.rpt"_s);
     QCOMPARE(BASEINFORME, m_root->companyPath() + u"ASISTENCIAS.MDB"_s);
     QCOMPARE(TITULOINFORME, u"Resumen gestión del S.A.T."_s);
     QCOMPARE(m_events, QStringList{u"LISTA, pointer 13"_s});
@@ -220,7 +220,7 @@ void CommandsTest::revisionReportIsRequestedAndShownModal()
     clickEntry(u"Listadomenu"_s, u"revi"_s);
 
     QCOMPARE(NUMINFORME, 725.0);
-    QVERIFY(FICHEROINFORME.endsWith(u"\\conservacion.rpt"_s));
+    QCOMPARE(FICHEROINFORME, platform::currentDirectory() + u"\\conservacion.rpt"_s);
     QCOMPARE(BASEINFORME, m_root->companyPath() + u"CLIENTES.MDB"_s);
     QCOMPARE(BASEINFORME2, m_root->companyPath() + u"CLIENTES.MDB"_s);
     QCOMPARE(TITULOINFORME, u"Albaranes de Mantenimiento"_s);

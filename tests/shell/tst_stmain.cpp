@@ -348,7 +348,11 @@ void StmainTest::menusAndToolsAreThere()
     QCOMPARE(textOf(u"revi"_s), u"Albaranes de Revisión"_s);
     QCOMPARE(textOf(u"BCLIENTES"_s), u"&Fichas de clientes"_s);
     QCOMPARE(textOf(u"POPUP"_s), u"&Mensajería Interna"_s);
+    const auto hintOf = [&](const QString& name) { return window.findChild<QAction*>(name)->toolTip(); };
+    QCOMPARE(hintOf(u"BCLIENTES"_s), u"Clientes"_s);
+    QCOMPARE(hintOf(u"POPUP"_s), u"Winpopup"_s);
     QCOMPARE(window.findChild<ComboList*>(u"Idioma"_s)->toolTip(), u"Selección de empresa"_s);
+    QCOMPARE(window.findChild<ComboList*>(u"Ejercicio"_s)->toolTip(), u"Ejercicio en curso"_s);
 }
 
 QTEST_MAIN(StmainTest)

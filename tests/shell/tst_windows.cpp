@@ -29,6 +29,7 @@ private Q_SLOTS:
     void revisionWhileTheSummaryStandsOverwritesTheRequest();
     void reportWindowIsMadeAnewAfterItsClosing();
     void revisionWindowIsModal();
+    void reportsAreOfferedWithoutACompany();
 
 private:
     /// The forms of that name that are on the screen.
@@ -146,6 +147,19 @@ void WindowsTest::revisionWindowIsModal()
 
     QCOMPARE(m_modals, QStringList{u"LISTA"_s});
     QVERIFY(shown(u"LISTA"_s).isEmpty());
+}
+
+void WindowsTest::reportsAreOfferedWithoutACompany()
+{
+    resetProgramState();
+    m_window = std::make_unique<STMAIN>(u"00000 ana"_s, shell::windowLinks());
+    m_window->load();
+
+    m_window->resu_Click();
+
+    QCOMPARE(BASEINFORME, u"ASISTENCIAS.MDB"_s);
+    QCOMPARE(shown(u"LISTA"_s).size(), 1);
+    QVERIFY(m_messages->isEmpty());
 }
 
 QTEST_MAIN(WindowsTest)
