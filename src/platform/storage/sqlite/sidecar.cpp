@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/storage/sqlite/sidecar.h"
 
+#include "platform/core/failure.h"
+#include "platform/core/failurenumbers.h"
+#include "platform/storage/sqlite/locktrial.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -8,6 +12,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace platform::storage::sqlite {
 
@@ -21,6 +27,18 @@ void takeOverPermissions(int descriptor, const QByteArray& storePath)
     struct stat store = {};
     if (stat(storePath.constData(), &store) == 0)
         static_cast<void>(fchmod(descriptor, store.st_mode & kReadWriteBits));
+}
+
+void requireTrueLocks(int descriptor, const QByteArray& path)
+{
+    switch (tryLocking(descriptor, path)) {
+    case Locking::True:
+        return;
+    case Locking::Local:
+        throw Failure(kCouldNotLockFile, u"the share keeps locks on this machine alone"_s);
+    case Locking::None:
+        throw Failure(kCouldNotLockFile, u"the file system does not lock"_s);
+    }
 }
 
 } // namespace
@@ -37,6 +55,14 @@ Sidecar::Sidecar(const QString& storePath)
     m_writable = m_descriptor >= 0;
     if (m_descriptor < 0)
         m_descriptor = open(path.constData(), O_RDONLY | O_CLOEXEC);
+    if (!m_writable)
+        return;
+    try {
+        requireTrueLocks(m_descriptor, path);
+    } catch (const Failure&) {
+        close(m_descriptor);
+        throw;
+    }
 }
 
 Sidecar::~Sidecar()

@@ -11,6 +11,7 @@ namespace platform::storage::sqlite {
 inline constexpr int kPresenceByte = 0;  ///< shared: the store is open; exclusive: open for one alone
 inline constexpr int kTurnstileByte = 1; ///< exclusive while waiting for the room: the queue before it
 inline constexpr int kRoomByte = 2;      ///< shared: reading; exclusive: writing
+inline constexpr int kTrialByte = 3;     ///< exclusive for a moment at the opening: whether locks hold at all
 
 class Sidecar
 {
@@ -18,7 +19,8 @@ public:
     /// None, for a file that nobody shares.
     Sidecar() = default;
     /// Opens the sidecar of a store, makes it if need be with the store's own permissions. In a folder that
-    /// can't be written, a sidecar that is missing stays missing (`exists()` false).
+    /// can't be written, a sidecar that is missing stays missing (`exists()` false). 3050 where locks aren't
+    /// kept, or only on this machine: nothing may be written there.
     explicit Sidecar(const QString& storePath);
     ~Sidecar();
     Sidecar(const Sidecar&) = delete;
