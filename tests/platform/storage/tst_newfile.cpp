@@ -38,6 +38,7 @@ private Q_SLOTS:
     void nameTakenMeanwhileIsLeftAlone();
     void secondMakerIsRefusedWhileTheFirstGoesOn();
     void journalOfADeletedStoreIsNotTakenOver();
+    void unfinishedStoreGetsNoName();
 };
 
 void NewFileTest::storeInTheMakingIsNotThere()
@@ -144,6 +145,19 @@ void NewFileTest::journalOfADeletedStoreIsNotTakenOver()
 
     QCOMPARE(folder.open()->openTable(u"CLIENTES"_s)->count(), 1);
     QCOMPARE(folder.open()->integrityFaults(), QStringList());
+}
+
+void NewFileTest::unfinishedStoreGetsNoName()
+{
+    const StoreFolder folder;
+    std::unique_ptr<Connection> store = make(folder);
+    store->createTable(clients());
+    // Something that SQLite can't take back stands beside the file.
+    QVERIFY(QDir(folder.path({})).mkpath(u"Clientes.mdb.nuevo-journal/x"_s));
+
+    store.reset();
+
+    QVERIFY(!QFile::exists(folder.path()));
 }
 
 QTEST_GUILESS_MAIN(NewFileTest)

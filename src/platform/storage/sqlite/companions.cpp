@@ -34,6 +34,11 @@ void removeCompanions(const QString& path) noexcept
         unlink((native(path) + companion).constData());
 }
 
+bool hasJournal(const QString& path) noexcept
+{
+    return access((native(path) + kCompanions[0]).constData(), F_OK) == 0;
+}
+
 void moveCompanions(const QString& from, const QString& to) noexcept
 {
     for (const char* companion : kCompanions)

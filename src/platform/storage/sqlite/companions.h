@@ -13,6 +13,9 @@ void removeWithCompanions(const QString& path) noexcept;
 /// Removes companions that a file left which is gone.
 void removeCompanions(const QString& path) noexcept;
 
+/// True while a change of the file isn't finished, or was cut short.
+[[nodiscard]] bool hasJournal(const QString& path) noexcept;
+
 /// Renames the companions of one file to those of another. Missing ones are passed over.
 void moveCompanions(const QString& from, const QString& to) noexcept;
 

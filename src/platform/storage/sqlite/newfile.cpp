@@ -69,6 +69,8 @@ NewFile::~NewFile()
 
 int NewFile::publish() noexcept
 {
+    if (hasJournal(m_path))
+        return kCannotOpenFile;
     // A journal of a store that was deleted would be rolled back into this one.
     removeCompanions(m_storePath);
     const int error = renameToFreeName(QFile::encodeName(m_path), QFile::encodeName(m_storePath));

@@ -31,7 +31,8 @@ public:
     /// Where the file is: first under a name of its own, then under the store's.
     [[nodiscard]] const QString& path() const noexcept { return m_path; }
     /// Gives the file the store's name, for good. Nobody may have it open, since a journal's name follows the
-    /// file's. 0, or the number of the failure: 3204 the name is taken by now, 3051 it can't be given.
+    /// file's. 0, or the number of the failure: 3204 the name is taken by now, 3051 it can't be given, or a
+    /// change of the file isn't finished.
     [[nodiscard]] int publish() noexcept;
     void keep() noexcept { m_kept = true; }
 

@@ -43,6 +43,8 @@ Store::~Store()
         return;
     m_dataVersion = {};
     m_schemaVersion = {};
+    // Looking at the file takes back a change whose end failed.
+    sqlite3_exec(m_database.get(), "SELECT 1 FROM sqlite_master", nullptr, nullptr, nullptr);
     m_database = {};
     if (m_making->publish() == 0)
         m_making->keep();
