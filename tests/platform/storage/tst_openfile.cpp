@@ -90,6 +90,7 @@ private Q_SLOTS:
     void fileOfAnotherToolOpens();
     void fileOfAnotherToolInWriteAheadModeIsConverted();
     void fileInWriteAheadUseIsRefused();
+    void fileHeldByAnotherToolIsRefusedAsLocked();
     void journalOfACrashIsRolledBack();
     void sidecarTakesThePermissionsOfTheStore();
 };
@@ -323,6 +324,16 @@ void OpenFileTest::fileInWriteAheadUseIsRefused()
     const StoreFolder folder;
     RawSqlite other(folder.path());
     other.run("PRAGMA journal_mode = WAL; CREATE TABLE EMP(A TEXT); BEGIN; SELECT * FROM EMP");
+
+    QCOMPARE(openFailure(folder), kCouldNotLockFile);
+}
+
+void OpenFileTest::fileHeldByAnotherToolIsRefusedAsLocked()
+{
+    const StoreFolder folder;
+    static_cast<void>(folder.createClients());
+    RawSqlite other(folder.path());
+    QCOMPARE(other.run("BEGIN EXCLUSIVE"), SQLITE_OK);
 
     QCOMPARE(openFailure(folder), kCouldNotLockFile);
 }

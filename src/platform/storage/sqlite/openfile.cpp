@@ -131,6 +131,10 @@ void leaveWriteAheadLog(const Database& database)
 /// refused here, where it can still be repaired, and not in the middle of the work.
 void requireSound(const Database& database)
 {
+    // One look at one moment. What its first statement is refused, is refused to the opening: a lock of
+    // another tool comes as 3050.
+    database.execute("BEGIN", Task::Open);
+    static_cast<void>(database.number("SELECT count(*) FROM sqlite_master", Task::Open));
     for (const StoredTable& table : readSchema(database)) {
         const QByteArray from = "SELECT 1 FROM " + quoted(table.definition.name);
         static_cast<void>(database.number(from + " ORDER BY " + table.rowId + " DESC LIMIT 1", Task::Open));
@@ -140,6 +144,7 @@ void requireSound(const Database& database)
                                                   quoted(index) + " LIMIT 1)",
                                               Task::Open));
     }
+    database.execute("COMMIT", Task::Open);
 }
 
 void requireFreeName(const QString& path)
