@@ -35,13 +35,18 @@ void addStructure(QCryptographicHash& hash, const TableDefinition& table)
     hash.addData(text);
 }
 
-void addRows(QCryptographicHash& hash, Table& table)
+RowBlock rowsOf(Table& table)
 {
     std::vector<int> columns;
     for (int i = 0; i < table.definition().columns.size(); ++i)
         columns.push_back(i);
     RowBlock block;
     table.readMany(table.order({}), columns, block);
+    return block;
+}
+
+void addRows(QCryptographicHash& hash, const RowBlock& block)
+{
     for (const RowId id : block.rowIds)
         hash.addData(QByteArray::number(id) + ' ');
     for (const Value& value : block.cells)
@@ -77,12 +82,32 @@ Content contentOf(const QString& nativePath)
         QCryptographicHash hash(QCryptographicHash::Sha1);
         for (const TableDefinition& table : store->tables()) {
             addStructure(hash, table);
-            addRows(hash, *store->openTable(table.name));
+            addRows(hash, rowsOf(*store->openTable(table.name)));
         }
         return hash.result().toHex();
     } catch (const platform::Failure& failure) {
         return "refused " + QByteArray::number(failure.number());
     }
+}
+
+QSet<QByteArray> rowsOf(const QString& nativePath)
+{
+    QSet<QByteArray> rows;
+    try {
+        const auto store = sqliteEngine()->open(nativePath, Sharing::Shared);
+        for (const TableDefinition& table : store->tables()) {
+            const RowBlock block = rowsOf(*store->openTable(table.name));
+            for (std::size_t row = 0; row < block.rowIds.size(); ++row) {
+                QByteArray text = table.name.toUtf8();
+                for (std::size_t column = 0; column < block.columns.size(); ++column)
+                    text += '|' + textOf(block.cells[row * block.columns.size() + column]);
+                rows.insert(text);
+            }
+        }
+    } catch (const platform::Failure&) {
+        return {};
+    }
+    return rows;
 }
 
 Content Examiner::content(const DiskImage& files, const QByteArray& store)

@@ -6,6 +6,7 @@
 #include "hard/disk.h"
 
 #include <QHash>
+#include <QSet>
 #include <QTemporaryDir>
 
 namespace hardtest {
@@ -35,5 +36,8 @@ private:
 
 /// The same of a store on the disk, which nobody has open.
 [[nodiscard]] Content contentOf(const QString& nativePath);
+
+/// Its rows, each with the name of its table and without its number. Empty where the store doesn't open.
+[[nodiscard]] QSet<QByteArray> rowsOf(const QString& nativePath);
 
 } // namespace hardtest

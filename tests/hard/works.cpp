@@ -3,6 +3,7 @@
 
 #include "assistance/consultaspage.h"
 #include "hard/diskrecorder.h"
+#include "platform/core/regime.h"
 #include "platform/window/flexgrid.h"
 #include "platform/window/multilinebox.h"
 #include "platform/window/textbox.h"
@@ -41,17 +42,18 @@ void removeStores(Scene& scene)
         QFile::remove(scene.fixture.root.path(store));
 }
 
+// In skip mode, as the start calls them: a failure in a handler goes to the caller.
 template <auto create, auto open>
 void makeAndOpen(Scene&)
 {
-    create();
-    open();
+    platform::attempt([] { create(); });
+    platform::attempt([] { open(); });
 }
 
 template <auto open>
 void openAlone(Scene&)
 {
-    open();
+    platform::attempt([] { open(); });
 }
 
 void leaveAsMade(Scene&) {}
