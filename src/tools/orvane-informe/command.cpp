@@ -94,7 +94,7 @@ QString locate(const Command& command, const QString& name)
 {
     if (!command.data.isEmpty()) {
         for (const QString& folder : {command.data + u'/' + command.company, command.data}) {
-            const QString path = platform::nativePath(folder + u'/' + name);
+            QString path = platform::nativePath(folder + u'/' + name);
             if (QFileInfo::exists(path))
                 return path;
         }

@@ -82,7 +82,7 @@ GoldenFiles::GoldenFiles(QString kept, QString actual, bool renew)
 QString GoldenFiles::leave(const QString& name, const QByteArray& bytes) const
 {
     QDir().mkpath(m_actual);
-    const QString path = m_actual + u'/' + name;
+    QString path = m_actual + u'/' + name;
     write(path, bytes);
     return path;
 }

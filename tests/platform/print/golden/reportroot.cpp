@@ -80,7 +80,7 @@ QString ReportRoot::path(const QString& relative) const
 QString ReportRoot::withReport(const QString& reportFile, const QString& folder) const
 {
     QDir(path()).mkdir(folder);
-    const QString copy = path(folder + u'/' + QFileInfo(reportFile).fileName());
+    QString copy = path(folder + u'/' + QFileInfo(reportFile).fileName());
     QFile::copy(reportFile, copy);
     return copy;
 }
