@@ -40,13 +40,13 @@ void Engine::close()
     m_open = false;
 }
 
-int Engine::add(JobEntry entry)
+int Engine::add(const JobEntry& entry)
 {
     if (m_last >= std::numeric_limits<qint16>::max()) {
         setError(kBadValue, u"no quedan números de trabajo"_s);
         return 0;
     }
-    m_jobs.insert(++m_last, std::move(entry));
+    m_jobs.insert(++m_last, entry);
     return m_last;
 }
 

@@ -45,7 +45,7 @@ public:
     void setClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
 
 private:
-    [[nodiscard]] int add(JobEntry entry);
+    [[nodiscard]] int add(const JobEntry& entry);
 
     QHash<int, JobEntry> m_jobs;
     int m_last = 0;

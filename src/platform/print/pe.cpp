@@ -36,7 +36,7 @@ QString textOf(const char* text)
 /// A path that isn't there in Windows-1252 is tried once more as UTF-8.
 QString pathOf(QByteArrayView bytes)
 {
-    const QString path = nativePath(fromCp1252(bytes));
+    QString path = nativePath(fromCp1252(bytes));
     if (QFileInfo::exists(path))
         return path;
     const QString other = nativePath(QString::fromUtf8(bytes));

@@ -83,6 +83,7 @@ void PrintTask::countSheets()
     m_first = std::clamp(m_request.firstPage - 1, 0, pages);
     const int last = m_request.lastPage > 0 ? std::min(m_request.lastPage, pages) : pages;
     m_count = std::max(0, last - m_first);
+    m_sheets = m_count * m_repeats;
     m_counted = true;
 }
 
@@ -90,7 +91,7 @@ bool PrintTask::step()
 {
     if (!m_counted)
         countSheets();
-    if (m_sheet >= m_count * m_repeats)
+    if (m_sheet >= m_sheets)
         return false;
     if (m_sheet > 0)
         m_printer->newPage();
@@ -120,9 +121,9 @@ QString PrintTask::state() const
 {
     if (isDone())
         return failed() ? u"No se ha impreso"_s : u"Impreso"_s;
-    return m_counted ? u"Imprimiendo página %1 de %2"_s.arg(formula::grouped(m_sheet),
-                                                            formula::grouped(m_count * m_repeats))
-                     : u"Imprimiendo"_s;
+    return m_counted
+               ? u"Imprimiendo página %1 de %2"_s.arg(formula::grouped(m_sheet), formula::grouped(m_sheets))
+               : u"Imprimiendo"_s;
 }
 
 } // namespace platform::print

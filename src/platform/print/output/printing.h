@@ -48,6 +48,7 @@ private:
     int m_first = 0;
     int m_count = 0;   ///< pages of one copy, known once all are made
     int m_repeats = 1; ///< copies that the printing system doesn't make itself
+    int m_sheets = 0;  ///< pages of all copies that we make
     int m_sheet = 0;
     bool m_counted = false;
 };
