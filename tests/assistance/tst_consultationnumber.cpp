@@ -12,7 +12,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using platform::Null;
 using testsupport::ClientFixture;
 
 class ConsultationNumberTest : public QObject

@@ -11,7 +11,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using platform::Null;
 using testsupport::ClientFixture;
 
 class ClientReadTest : public QObject

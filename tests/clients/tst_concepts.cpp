@@ -9,7 +9,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using platform::Null;
 using testsupport::ClientFixture;
 
 class ConceptsTest : public QObject
