@@ -34,6 +34,8 @@ private Q_SLOTS:
     void hintOfThePictureTellsTheVersion();
     void pictureFollowsTheMouse();
     void pagesAndCommandsBearTheirCaptions();
+    void codesOfFullLengthAreSeenWhole_data();
+    void codesOfFullLengthAreSeenWhole();
     void newProposesTheNextCode();
     void newOnAnEmptyTableProposesOne();
     void newEmptiesTheWindow();
@@ -110,6 +112,25 @@ void ClimantTest::pagesAndCommandsBearTheirCaptions()
     const QStringList captions{u"&Nuevo"_s, u"&Grabar"_s, u"&Borrar"_s, u"&Listado"_s, u"&Salir"_s};
     for (int i = 0; i < captions.size(); ++i)
         QCOMPARE(f->control<QAbstractButton>(u"Command%1"_s.arg(i + 1))->text(), captions.at(i));
+}
+
+void ClimantTest::codesOfFullLengthAreSeenWhole_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char* field : {"Text49", "Text14", "Text5", "Text20", "Text21", "Text27"})
+        QTest::newRow(field) << QString::fromLatin1(field);
+}
+
+void ClimantTest::codesOfFullLengthAreSeenWhole()
+{
+    constexpr int kFrame = 8; // pixels that the frame and the margins of a box take at least
+    QFETCH(QString, field);
+    f->open();
+
+    const platform::TextBox* box = f->box(field);
+
+    const QString code(box->maxLength(), u'0');
+    QCOMPARE_GE(box->width() - kFrame, box->fontMetrics().horizontalAdvance(code));
 }
 
 void ClimantTest::newProposesTheNextCode()
