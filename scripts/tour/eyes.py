@@ -96,12 +96,12 @@ class Eyes:
         place = self.place(window).within(self._screen)
         return wait_for(what, lambda: self._middle_of(place, colour))
 
-    def picture(self, name, window=None):
-        """Keeps what is to be seen of the window, frame included, or of the whole desk; without a caret or an
-        hourglass in the middle of a change: two looks must agree."""
+    def picture(self, name, window=None, place=None):
+        """Keeps what is to be seen of the window, frame included, else of the place, else of the whole desk. Two
+        looks must agree, so that nothing is caught in the middle of a change."""
         if name in self.names:
             raise Broken(f"two pictures are called {name}")
-        place = self._screen if window is None else self._framed(window)
+        place = self._framed(window) if window else place or self._screen
         before = None
         for _ in range(_TRIES):
             now = self._look(place)

@@ -28,9 +28,6 @@ class Hands:
         answer([self._xdotool, "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60",
                 str(button)], env=self._env)
 
-    def point_at(self, place):
-        answer([self._xdotool, "mousemove", str(place[0]), str(place[1])], env=self._env)
-
     def copied(self, *keys):
         """Presses the keys that copy something, and returns what then is in the clipboard."""
         subprocess.run([self._xclip, "-i", "-selection", "clipboard"], input=_NOTHING, text=True, env=self._env,

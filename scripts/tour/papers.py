@@ -17,8 +17,3 @@ def require(text, what, *words):
     for word in words:
         if word not in text:
             raise Broken(f"{what}: «{word}» isn't on the paper")
-
-
-def first_page(path, picture, env):
-    """Keeps a picture of the first page."""
-    answer([tool("pdftoppm"), "-png", "-r", "80", "-f", "1", "-l", "1", "-singlefile", path, picture], env=env)

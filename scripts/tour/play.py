@@ -7,11 +7,13 @@ that isn't as a user expects."""
 import argparse
 import os
 import shutil
+import signal
 import sys
 import tempfile
 import time
 
 from day import CHAPTERS
+from servants import Servants
 from tour import Tour
 from waiting import Broken
 
@@ -37,25 +39,32 @@ def play(tour):
         raise Broken(f"only {len(tour.eyes.names)} pictures")
 
 
+def failed(tour, broken, logs, pictures):
+    """Leaves what helps to see why: the desk as it is, and what the programs said."""
+    if tour:
+        tour.eyes.picture("failed")
+    shutil.copytree(logs, os.path.join(pictures, "logs"))
+    print(f"\ntour: {broken}", file=sys.stderr)
+    return 1
+
+
 def main():
     given = arguments()
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that the processes end with the tour
     pictures = os.path.abspath(given.pictures)
     shutil.rmtree(pictures, ignore_errors=True)
     os.makedirs(pictures)
     tour = None
     with tempfile.TemporaryDirectory(prefix="orvane-tour-") as work:
+        logs = os.path.join(work, "logs")
+        servants = Servants(logs)
         try:
-            tour = Tour(given, work, pictures)
+            tour = Tour(servants, given, work, pictures)
             play(tour)
         except Broken as broken:
-            if tour:
-                tour.eyes.picture("failed")
-            print(f"\ntour: {broken}", file=sys.stderr)
-            shutil.copytree(os.path.join(work, "logs"), os.path.join(pictures, "logs"), dirs_exist_ok=True)
-            return 1
+            return failed(tour, broken, logs, pictures)
         finally:
-            if tour:
-                tour.servants.end_all()
+            servants.end_all()
     print(f"{len(tour.eyes.names)} pictures in {pictures}")
     return 0
 

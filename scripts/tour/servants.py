@@ -32,6 +32,7 @@ class Servants:
     """The processes that run beside the tour, ended in the opposite order of their start."""
 
     def __init__(self, logs):
+        os.makedirs(logs)
         self._logs = logs
         self._running = []
 

@@ -8,6 +8,8 @@ from waiting import Broken, wait_equal, wait_for
 MAIN = "Orvane - Gestión S.A.T. para Quenda Build 3.32.3009"
 UNTITLED = "Orvane - Gestión S.A.T. para Quenda"  # as long as the start hasn't come to the title
 CLIENTS = "Mantenimiento de Clientes S.A.T."
+LOOKUP = "Búsqueda"
+NOTICE = "Orvane"  # a box without a title of its own
 
 
 class Station:
@@ -82,9 +84,9 @@ class Station:
         self._eyes.closed(window)
         self.settle()
 
-    def picture(self, name, window=None):
+    def picture(self, name, window=None, place=None):
         self.settle()
-        self._eyes.picture(name, window)
+        self._eyes.picture(name, window, place)
 
     def shown(self):
         """Text of the field that has the cursor."""

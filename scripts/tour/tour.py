@@ -7,7 +7,7 @@ from desk import SCREEN, Desk
 from eyes import Eyes
 from hands import Hands
 from printer import Printer
-from servants import Servants, answer
+from servants import answer
 from station import Station
 from stores import Stores
 
@@ -19,14 +19,14 @@ QUEUES = ("Oficina", "Taller")
 class Tour:
     """Programs, data root, desk and printers of one tour, all below the folder `work`."""
 
-    def __init__(self, given, work, pictures):
+    def __init__(self, servants, given, work, pictures):
+        self.servants = servants
         self.programs, self.pictures, self.work = os.path.abspath(given.programs), pictures, work
         self._collation, self._preload = os.path.abspath(given.collation), given.preload
-        self.servants = Servants(self.folder("logs"))
         home = self.folder("home")
-        desk = Desk(self.servants, home)
+        desk = Desk(servants, home)
         self.env = desk.env
-        self.printer = Printer(self.servants, self.folder("printer"), self.env)
+        self.printer = Printer(servants, self.folder("printer"), self.env)
         self.printer.add_queue(QUEUES[0], default=True)
         self.printer.add_queue(QUEUES[1])
         self.root = self.demo_root("demo")

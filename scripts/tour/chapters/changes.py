@@ -1,12 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A client typed in and saved, changed and saved, and a line deleted."""
 
-from chapters.clientwindow import ADDITIONAL, SAVE_IN_THE_BAR, open_clients, read_client, save, turn_to
+from chapters.clientwindow import ADDITIONAL, FIRST_CELL, SAVE_IN_THE_BAR, open_clients, read_client, save, turn_to
 from station import CLIENTS
 from stores import TELEPHONES, quoted
 
 NEW = "0000000318"
-FIRST_CELL = ("ctrl+Home",)
 RIGHT = 3
 HEAD = ("CliNombre", "CliCif", "CliPGC", "CliDireccion", "CliCodPostal", "CliCodPostalLocali", "CliCodPostalProvin",
         "CliCodPostalPais", "CliEMail", "ZonaCodigo", "ZonaDesc", "TipoClienteCodigo", "TipoClienteDesc")
@@ -27,7 +26,7 @@ def type_client(tour, window):
     station.press("alt+n")
     station.fill("Panadería Ibáñez, S.L.", "B50999888", None, "C/ Mayor, 12", "50001", "Zaragoza", "Zaragoza",
                  "España", "panaderia@ibanez.example", None, None, None, "1", None, "2", None)
-    station.press(*FIRST_CELL)
+    station.press(FIRST_CELL)
     station.type("976101010")
     station.press("Return", "Right", "Right")
     station.press("F4")
@@ -53,13 +52,13 @@ def type_lines(tour, window):
     station.require_shown("the new client", "Panadería Ibáñez, S.L.")
     station.type("Horno Ibáñez, S.L.")
     turn_to(tour, ADDITIONAL)
-    station.press(*FIRST_CELL)
+    station.press(FIRST_CELL)
     type_cells(station, "Camino del Vado, 3", "50014", "Zaragoza")
     station.press("F4")
     station.press("End", "Return", "Right")
     type_cells(station, "Transportes Moncayo")
     station.press("space")
-    station.press("Tab", *FIRST_CELL)
+    station.press("Tab", FIRST_CELL)
     type_cells(station, "Caja de Aragón", "2086", "0010", "71", "0012345678", "57200001")
     station.press("space")
     station.picture("client-changed-lines", window)

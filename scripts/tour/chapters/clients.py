@@ -2,13 +2,12 @@
 """The client file: a client found by code, by name and by telephone."""
 
 from chapters.clientwindow import open_clients, read_client, search_telephone, turn_to
-from station import CLIENTS
+from station import CLIENTS, LOOKUP
 from stores import TELEPHONES, quoted
 
 KNOWN = "0000000010"
 UNKNOWN_NUMBER = "600000000"
-LOOKUP = "Búsqueda"
-NOTICE = "Orvane.- Servicio de asistencia técnica"
+UNKNOWN = "Orvane.- Servicio de asistencia técnica"
 
 
 def play(tour):
@@ -34,9 +33,8 @@ def by_code(tour, window):
     station.picture("client-adicionales", window)
     station.press("ctrl+Tab")
     station.picture("client-conceptos", window)
-    station.press("ctrl+Tab")
+    station.press("ctrl+Next")
     station.picture("client-consultas", window)
-    station.press("ctrl+Tab")
 
 
 def by_name(tour, window):
@@ -55,7 +53,7 @@ def by_name(tour, window):
     station.picture("lookup-clients-chosen", lookup)
     station.press("Return")
     station.window(CLIENTS)
-    station.require_shown("the client by its name", found[0])
+    station.require_shown("the client by its name", found[1])
     station.picture("client-by-name", window)
 
 
@@ -64,7 +62,7 @@ def by_telephone(tour, window):
     number = tour.stores.rows(TELEPHONES, f"SELECT TELETELEFONO FROM TELEFON WHERE TELECODIGO = {quoted(KNOWN)} "
                                           "AND TELECODIGOEMPRESA = '00012' LIMIT 1")[0]
     search_telephone(tour, window, UNKNOWN_NUMBER)
-    notice = station.window(NOTICE)
+    notice = station.window(UNKNOWN)
     station.picture("telephone-unknown", notice)
     station.press("Return")
     station.window(CLIENTS)

@@ -5,6 +5,8 @@ from station import CLIENTS
 
 ADDITIONAL, CONCEPTS, CONSULTATIONS = 1, 2, 3  # pages, counted from "Identificacion"
 
+FIRST_CELL = "ctrl+Home"  # of a grid that has the cursor
+
 # Distances in pixels from the edges of the window; negative ones from the right and from the bottom.
 TELEPHONE = (-60, 20)
 SAVE_IN_THE_BAR = (60, 82)

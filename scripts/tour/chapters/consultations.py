@@ -62,3 +62,5 @@ def close_it(tour, window):
     station.click(window, *PENDING)
     station.press("Right", "Down", "Left", "Down", "Right")
     station.picture("consultation-closed", window)
+    station.press("alt+u")
+    station.picture("consultation-new", window)

@@ -3,8 +3,8 @@
 
 import os
 
-from chapters.clientwindow import CONSULTATIONS, open_clients, read_client, save, turn_to
-from station import CLIENTS, MAIN
+from chapters.clientwindow import open_clients, read_client, save
+from station import CLIENTS, MAIN, NOTICE
 from stores import quoted
 from tour import COMPANY, USER
 from waiting import Broken
@@ -12,7 +12,6 @@ from waiting import Broken
 CLIENT = "0000000009"
 STORE = "ASISTENCIAS.MDB"
 KEPT = STORE + ".dañado-1"
-NOTICE = "Orvane"
 FIRST_PAGE = 4096  # bytes; with it the file has lost its list of tables
 NOTES = f"SELECT Notas, CliNombre FROM ClientesTabla WHERE CliCodigo = {quoted(CLIENT)}"
 
@@ -66,6 +65,9 @@ def damage(tour):
     if not os.path.exists(os.path.join(folder, KEPT)):
         raise Broken("the damaged store isn't kept aside")
     tour.require_sound(root)
+    again = tour.start(COMPANY, USER, root=root)
+    again.window(MAIN)  # and no notice before it
+    again.cut_power()
     mended = tour.stores_of(root).row(STORE, count)
     if mended != before:
         raise Broken(f"{mended} of {before} consultations are left after the damage")

@@ -4,17 +4,15 @@
 import os
 
 import papers
-from station import MAIN
+from station import LOOKUP, NOTICE
 from stores import quoted
-from tour import COMPANY, QUEUES
+from tour import QUEUES
 from waiting import wait_for
 
 REPORTS = "Impresión de documentos"
 NOTES = "Albaranes de Mantenimiento"
 SUMMARY = "Resumen gestión del S.A.T."
 EXPORT = "Exportar"
-LOOKUP = "Búsqueda"
-NOTICE = "Orvane"
 ZONE = "0000000006"
 MONTH = "05"
 TABS_TO_EXPORT, TABS_TO_ZOOM = 6, 7
@@ -46,7 +44,9 @@ def notes(tour):
     paper = preview_and_export(tour, NOTES, "notes")
     zone_name = tour.stores.row("ZONAS.MDB", f"SELECT ZONDESCRIPCION FROM ZONATAB WHERE ZONCODIGO = {quoted(ZONE)}")
     papers.require(paper, NOTES, "ALBARÁN DE MANTENIMIENTO", zone_name)
-    choose_printer(tour, window)
+    station.press("alt+F4")
+    station.gone(NOTES)
+    choose_printer(tour, station.window(REPORTS))
     station.press("alt+i")
     printed = papers.text_of(tour.printer.await_paper(1, QUEUES[1]), NOTES)
     papers.require(printed, NOTES, "ALBARÁN DE MANTENIMIENTO", zone_name)
@@ -76,10 +76,12 @@ def summary(tour):
     station.picture("report-summary", window)
     paper = preview_and_export(tour, SUMMARY, "summary")
     papers.require(paper, SUMMARY, "Mayo de 2025")
+    station.to_front(REPORTS)
     station.press("alt+i")
     papers.require(papers.text_of(tour.printer.await_paper(2, QUEUES[1]), SUMMARY), SUMMARY, "Mayo de 2025")
     station.press("alt+s")
     station.gone(REPORTS)
+    station.gone(SUMMARY)  # a preview ends with its report window
 
 
 def preview_and_export(tour, title, name):
@@ -102,7 +104,4 @@ def preview_and_export(tour, title, name):
     station.press("Return")
     wait_for(f"the file {path}", lambda: os.path.exists(path))
     station.window(title)
-    station.press("alt+F4")
-    station.gone(title)
-    station.to_front(REPORTS)
     return papers.text_of(path, title)
