@@ -109,7 +109,8 @@ void Job::start(const QDateTime& moment, bool wait)
         document->makeAllPages();
     } else {
         document->work(kSliceMilliseconds);
-        document->makeFirstPage();
+        if (document->stage() == DocumentStage::Composing)
+            document->makeFirstPage();
     }
     if (document->failure())
         throw Problem(*document->failure());

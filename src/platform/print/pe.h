@@ -104,8 +104,10 @@ std::int16_t PEOutputToWindow(PEJob job, const char* title, std::int32_t left, s
 std::int16_t PEOutputToPrinter(PEJob job, std::int16_t copies);
 std::int16_t PESetPrintOptions(PEJob job, const PEPrintOptions* options);
 
-/// Binds, opens the stores, lays out page 1 and goes on in slices of the event loop (`wait` 0), or to the
-/// end. 0 with the first cause found; then there is no window and no print.
+/// Looks whether the report can be made (page, stores, tables, columns, formulas, printer), begins to read
+/// and goes on in slices of the event loop (`wait` 0), or to the end. 0 with the first cause found; then
+/// there is no window and no print. What comes to nothing later, by damage of a store or because it is
+/// cancelled, shows no page, and `PEGetErrorCode` tells it.
 std::int16_t PEStartPrintJob(PEJob job, std::int16_t wait);
 
 /// Last code of the job, 0 for none; job 0 asks for the engine's.

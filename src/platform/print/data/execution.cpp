@@ -160,8 +160,6 @@ void Execution::addTotals()
         m_tasks.push_back([this, total, totaller] {
             if (!*totaller)
                 *totaller = m_records->totaller(total);
-            if (!*totaller)
-                return false;
             if ((*totaller)->step())
                 return true;
             m_records->keepTotal(total, **totaller);

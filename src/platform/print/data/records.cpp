@@ -110,14 +110,7 @@ Value Records::operand(const formula::Operand& field)
 
 std::unique_ptr<Totaller> Records::totaller(std::size_t total)
 {
-    const TotalRequest& request = m_binder.totals()[total];
-    if (request.field.isFormula) {
-        const formula::Uses& uses =
-            m_report.formulas[static_cast<std::size_t>(request.field.slot)].formula.uses();
-        if (uses.variables || uses.pages || uses.printing)
-            return nullptr;
-    }
-    return std::make_unique<Totaller>(*this, request);
+    return std::make_unique<Totaller>(*this, m_binder.totals()[total]);
 }
 
 void Records::keepTotal(std::size_t total, Totaller& totaller)

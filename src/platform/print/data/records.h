@@ -67,8 +67,7 @@ public:
     void setPage(const PageFacts& facts) { m_page = facts; }
     [[nodiscard]] const Report& report() const noexcept { return m_report; }
     [[nodiscard]] std::size_t totalCount() const noexcept { return m_binder.totals().size(); }
-    /// Takes a total before it is asked for, so that no page has to wait for it. Null where its values are
-    /// only known in print order; such a total is taken when it is first asked for.
+    /// Takes a total before it is asked for, so that no page has to wait for it.
     [[nodiscard]] std::unique_ptr<Totaller> totaller(std::size_t total);
     void keepTotal(std::size_t total, Totaller& totaller);
     /// A column or a formula field; no value where it can't be evaluated.

@@ -119,7 +119,8 @@ bool TableReader::beginRange()
     m_statement.bind(1, first);
     m_statement.bind(2, last);
     m_run.emplace(m_statement, sqlite::Task::Read);
-    m_next = last == kLastRowNumber ? last : last + 1;
+    m_isLastRange = last == kLastRowNumber;
+    m_next = m_isLastRange ? last : last + 1;
     return true;
 }
 
@@ -143,7 +144,7 @@ bool TableReader::step()
         for (int i = 0; i < kRowsAStep; ++i) {
             if (!readRow()) {
                 m_run.reset();
-                return m_next != kLastRowNumber;
+                return !m_isLastRange;
             }
         }
         return true;

@@ -45,6 +45,7 @@ private:
     RowStore m_rows;
     qint64 m_next;
     qint64 m_rangeLength;
+    bool m_isLastRange = false;
     quint32 m_count = 0;
 };
 

@@ -47,8 +47,6 @@ void Document::begin(const TablePaths& paths, const std::vector<TablePaths>& sub
 void Document::start(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths)
 {
     begin(paths, subreportPaths);
-    while (m_stage == DocumentStage::Reading && step()) {
-    }
     makeFirstPage();
     if (m_failure)
         throw Problem(*m_failure);
@@ -88,16 +86,16 @@ bool Document::work(int milliseconds)
 {
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < milliseconds) {
+    do {
         if (!step())
             return false;
-    }
+    } while (timer.elapsed() < milliseconds);
     return true;
 }
 
 void Document::makeFirstPage()
 {
-    while (m_stage == DocumentStage::Composing && pageCount() == 0 && step()) {
+    while (pageCount() == 0 && step()) {
     }
 }
 

@@ -29,9 +29,10 @@ public:
     /// Looks whether the report can be made: page, tables, columns, formulas. Throws `Problem`. Otherwise the
     /// stores are open, behind their gates, until `work` has read them.
     void begin(const TablePaths& paths, const std::vector<TablePaths>& subreportPaths);
-    /// Reads or makes pages for about that long. False when there is no more to do: see `stage`.
+    /// Reads or makes pages for about that long, one step at least. False when there is no more to do: see
+    /// `stage`.
     bool work(int milliseconds);
-    /// Page 1, once the records are there.
+    /// Reads what is to be read and makes page 1.
     void makeFirstPage();
     /// Reads what is to be read and makes every page.
     void makeAllPages();
