@@ -37,8 +37,11 @@ class Station:
         self._pulse.wait(self._main)
 
     def press(self, *keys):
-        self._hands.press(*keys)
-        self.settle()
+        """Presses one key after the other, each once the one before has done its work: a list that closes, or a
+        window that opens, doesn't swallow the next one."""
+        for key in keys:
+            self._hands.press(key)
+            self.settle()
 
     def send(self, *keys):
         """The same for keys that end the program, which then answers no more."""
@@ -49,11 +52,11 @@ class Station:
         self.settle()
 
     def fill(self, *fields):
-        """Types each text and goes on to the next field; None passes one by."""
+        """Types each text over what the field holds, and goes on to the next field; None passes one by."""
         for text in fields:
             if text is not None:
-                self._hands.press("ctrl+a")
-                self._hands.type(text)
+                self.press("ctrl+a")
+                self.type(text)
             self.press("Tab")
 
     def click(self, window, dx, dy, times=1):
