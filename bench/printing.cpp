@@ -22,10 +22,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
+#include <span>
 #include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace platform::print;
+using namespace std::chrono_literals;
 using platform::storage::sqlite::GatePass;
 using platform::storage::sqlite::Task;
 
@@ -159,11 +162,18 @@ Ours::Ours(const QString& store, const QString& folder)
     , m_folder(folder)
 {}
 
-std::shared_ptr<Document> Ours::started(bool memos) const
+std::shared_ptr<Document> Ours::begun(bool memos) const
 {
     auto document =
         std::make_shared<Document>(reportOf(memos ? Lines::Memo : Lines::Fixed), m_folder, moment());
-    document->start({m_store}, {});
+    document->begin({m_store}, {});
+    return document;
+}
+
+std::shared_ptr<Document> Ours::started(bool memos) const
+{
+    std::shared_ptr<Document> document = begun(memos);
+    document->makeFirstPage();
     return document;
 }
 
@@ -202,24 +212,27 @@ void Ours::writePdf() const
         qFatal("orvane-bench-print: the PDF can't be written");
 }
 
-double cancelTime(const Ours& ours)
+namespace {
+
+/// The key comes from outside after `delays`, whatever the window is doing.
+double cancelTime(const std::function<std::shared_ptr<Document>()>& document,
+                  std::span<const std::chrono::milliseconds> delays)
 {
-    constexpr int kRuns = 5;
     double worst = 0;
-    for (int run = 0; run < kRuns; ++run) {
-        const std::shared_ptr<Document> document = ours.started(true);
-        PreviewWindow window(document, {}, {});
+    for (const std::chrono::milliseconds delay : delays) {
+        const std::shared_ptr<Document> shown = document();
+        PreviewWindow window(shown, {}, {});
         window.show();
+        QCoreApplication::processEvents();
         Clock::time_point pressed;
         auto* const key =
             new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier); // the post takes it
-        // The key comes from outside, whatever the window is doing.
-        std::thread user([&window, &pressed, key, run] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(100 + 37 * run));
+        std::thread user([&window, &pressed, key, delay] {
+            std::this_thread::sleep_for(delay);
             pressed = Clock::now();
             QCoreApplication::postEvent(&window, key);
         });
-        while (!window.wasCancelled() && !document->isComplete())
+        while (!window.wasCancelled() && !shown->isComplete())
             QCoreApplication::processEvents();
         const Clock::time_point done = Clock::now();
         const bool cancelled = window.wasCancelled();
@@ -228,6 +241,53 @@ double cancelTime(const Ours& ours)
             worst = std::max(worst, std::chrono::duration<double, std::milli>(done - pressed).count());
     }
     return worst;
+}
+
+/// Longest turn of the event loop while `isRunning`.
+double longestTurn(const std::function<bool()>& isRunning)
+{
+    double worst = 0;
+    while (isRunning()) {
+        const auto begin = Clock::now();
+        QCoreApplication::processEvents();
+        worst = std::max(worst, millisecondsSince(begin));
+    }
+    return worst;
+}
+
+} // namespace
+
+double cancelTimeWhileReading(const Ours& ours)
+{
+    constexpr std::array kDelays{5ms, 15ms, 30ms, 50ms, 80ms};
+    return cancelTime([&ours] { return ours.begun(true); }, kDelays);
+}
+
+double cancelTimeWhileComposing(const Ours& ours)
+{
+    constexpr std::array kDelays{100ms, 137ms, 174ms, 211ms, 248ms};
+    return cancelTime([&ours] { return ours.started(true); }, kDelays);
+}
+
+double sliceTime(const Ours& ours, const QString& folder)
+{
+    const std::shared_ptr<Document> document = ours.begun(false);
+    PreviewWindow window(document, {}, {});
+    window.show();
+    QCoreApplication::processEvents();
+    const double making = longestTurn([&document] { return !document->isComplete(); });
+    const QString file = folder + u"/slices.pdf"_s;
+    QFile::remove(file);
+    if (!window.exportTo(file))
+        qFatal("orvane-bench-print: the PDF can't be written");
+    return std::max(making, longestTurn([&file] { return !QFile::exists(file); }));
+}
+
+double pageListBytes(const Ours& ours)
+{
+    const std::shared_ptr<Document> document = ours.started(false);
+    document->makeAllPages();
+    return static_cast<double>(document->pageListBytes()) / document->pageCount();
 }
 
 double goToTime(const Ours& ours)

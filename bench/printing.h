@@ -47,6 +47,8 @@ public:
     void selectMonth(bool pushdown) const;
     void layOut(bool memos) const;
     void writePdf() const;
+    /// A document of which nothing is read yet.
+    [[nodiscard]] std::shared_ptr<platform::print::Document> begun(bool memos) const;
     /// A document whose first page is made.
     [[nodiscard]] std::shared_ptr<platform::print::Document> started(bool memos) const;
 
@@ -57,7 +59,13 @@ private:
 
 /// Milliseconds from the key to the cancelled run, the worst of several moments; 0 when every run was over
 /// before its key.
-[[nodiscard]] double cancelTime(const Ours& ours);
+[[nodiscard]] double cancelTimeWhileReading(const Ours& ours);
+[[nodiscard]] double cancelTimeWhileComposing(const Ours& ours);
+/// Milliseconds of the longest turn of the event loop from the first row to the last page and through an
+/// export of all pages into `folder`.
+[[nodiscard]] double sliceTime(const Ours& ours, const QString& folder);
+/// Bytes that the list of pages takes for a page.
+[[nodiscard]] double pageListBytes(const Ours& ours);
 /// Milliseconds from "Ir a" to the painted window, the worst of pages all over the document.
 [[nodiscard]] double goToTime(const Ours& ours);
 

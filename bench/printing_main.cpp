@@ -3,7 +3,8 @@
 // orvane-bench-print [FOLDER]: measures the print engine over 100,000 consultations beside plain SQLite (L),
 // a plain QPdfWriter loop (P) and Qt's own line breaking (W), and prints the table. Takes some two minutes
 // and 60 MB of disk in FOLDER (a temporary folder unless named; its store is used again). The program starts
-// itself to measure memory in a process that has done nothing else.
+// itself to measure memory in a process that has done nothing else. Ends with 1 when a ratio lies above its
+// aim.
 
 #include "printing.h"
 #include "printstore.h"
@@ -67,8 +68,11 @@ std::vector<double> medians(const Works& works, int rounds)
     return result;
 }
 
+bool allHold = true;
+
 void print(const Line& line)
 {
+    allHold = allHold && line.ours / line.floor <= line.atMost;
     std::printf("| %s | %.1f %s | %s = %.1f %s | %.2f | ≤ %g |\n", line.name, line.ours, line.unit,
                 line.floorText, line.floor, line.unit, line.ours / line.floor, line.atMost);
     std::fflush(stdout);
@@ -140,10 +144,27 @@ void measureMemory(const QString& store, const QString& folder)
     print({"memory, growing memos", memoryOfRun(folder, "memo"), "3 x columns + 40", allowed(memo), 1, "MB"});
 }
 
-void measureWindow(const Ours& ours)
+/// The worst of a run; of several runs the best one counts, since whatever else the machine does comes on
+/// top.
+double leastOf(const std::function<double()>& worst)
 {
-    print({"reaction to Esc, worst of 5", bench::cancelTime(ours), "limit", 100, 1});
-    print({"any page after \"Ir a\", worst of 100", bench::goToTime(ours), "limit", 50, 1});
+    double least = worst();
+    for (int round = 1; round < kLongRounds; ++round)
+        least = std::min(least, worst());
+    return least;
+}
+
+void measureWindow(const Ours& ours, const QString& folder)
+{
+    print({"list of pages, a page", bench::pageListBytes(ours), "limit", 2048, 1, "bytes"});
+    print({"slice of the event loop, longest", leastOf([&] { return bench::sliceTime(ours, folder); }),
+           "limit", 30, 1});
+    print({"Esc while rows are read, worst of 5",
+           leastOf([&] { return bench::cancelTimeWhileReading(ours); }), "limit", 100, 1});
+    print({"Esc while pages are made, worst of 5",
+           leastOf([&] { return bench::cancelTimeWhileComposing(ours); }), "limit", 100, 1});
+    print({"any page after \"Ir a\", worst of 100", leastOf([&] { return bench::goToTime(ours); }), "limit",
+           50, 1});
 }
 
 } // namespace
@@ -169,7 +190,9 @@ int main(int argc, char* argv[])
     measureLayout(floors, ours);
     measurePdf(floors, ours);
     measureMemory(store, folder);
-    measureWindow(ours);
+    measureWindow(ours, folder);
     std::printf("\nload average after: %s\n", loadAverage().constData());
-    return 0;
+    if (!allHold)
+        std::printf("a ratio lies above its aim\n");
+    return allHold ? 0 : 1;
 }
