@@ -28,7 +28,7 @@ pictures()
     while read -r name; do
         [ -f "$tour/$name" ] || { echo "manual: the tour has no picture $name" >&2; exit 1; }
         convert "$tour/$name" -strip +dither -colors "$COLOURS" "png8:$manual/pictures/$name"
-        optipng -quiet -o2 "$manual/pictures/$name"
+        optipng -quiet -o1 "$manual/pictures/$name"
     done < <(shown_pictures)
 }
 
