@@ -10,6 +10,12 @@
 #include <QFile>
 #include <QTest>
 
+#include <algorithm>
+#include <atomic>
+#include <future>
+
+#include <sys/stat.h>
+
 using namespace platform;
 using namespace platform::storage;
 using namespace platform::storage::test;
@@ -21,6 +27,21 @@ constexpr auto kWorkingName = "Clientes.mdb.nuevo"_L1;
 std::unique_ptr<Connection> make(const StoreFolder& folder)
 {
     return folder.engine().create(folder.path(), {u";LANGID=0x040A"_s, 64, Appears::WhenClosed});
+}
+
+/// True once somebody stands in the system's queue for the maker's lock.
+bool isWaited(const StoreFolder& folder)
+{
+    struct stat status = {};
+    if (stat(QFile::encodeName(folder.path(u"Clientes.mdb.ldb"_s)).constData(), &status) != 0)
+        return false;
+    QFile locks(u"/proc/locks"_s);
+    const QByteArray inode = ':' + QByteArray::number(static_cast<quint64>(status.st_ino)) + ' ';
+    if (!locks.open(QIODevice::ReadOnly))
+        return false;
+    const QList<QByteArray> lines = locks.readAll().split('\n');
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const QByteArray& line) { return line.contains("->") && line.contains(inode); });
 }
 
 } // namespace
@@ -36,7 +57,8 @@ private Q_SLOTS:
     void leftoversOfADeadMakerAreReplaced();
     void failedMakingLeavesNothing();
     void nameTakenMeanwhileIsLeftAlone();
-    void secondMakerIsRefusedWhileTheFirstGoesOn();
+    void secondMakerWaitsAndFindsTheStore();
+    void makerDoesNotWaitForThoseWhoOpen();
     void journalOfADeletedStoreIsNotTakenOver();
     void unfinishedStoreGetsNoName();
 };
@@ -115,13 +137,35 @@ void NewFileTest::nameTakenMeanwhileIsLeftAlone()
     QVERIFY(!QFile::exists(folder.path(kWorkingName)));
 }
 
-void NewFileTest::secondMakerIsRefusedWhileTheFirstGoesOn()
+void NewFileTest::secondMakerWaitsAndFindsTheStore()
 {
     const StoreFolder folder;
-    const auto first = make(folder);
+    std::unique_ptr<Connection> first = make(folder);
+    first->createTable(clients());
+    std::atomic<bool> isOver = false;
+    std::future<int> second = std::async(std::launch::async, [&] {
+        const int number = failureOf([&] { static_cast<void>(make(folder)); });
+        isOver = true;
+        return number;
+    });
+    QVERIFY(QTest::qWaitFor([&] { return isWaited(folder); }));
+    QVERIFY(!isOver);
 
-    QCOMPARE(failureOf([&] { static_cast<void>(make(folder)); }), kCouldNotLockFile);
-    QCOMPARE(failureOf([&] { static_cast<void>(folder.create()); }), kCouldNotLockFile);
+    first.reset();
+
+    QCOMPARE(second.get(), kDatabaseAlreadyExists);
+    QCOMPARE(folder.open()->tables().size(), 1);
+}
+
+void NewFileTest::makerDoesNotWaitForThoseWhoOpen()
+{
+    const StoreFolder folder;
+    make(folder)->createTable(clients());
+    const auto open = folder.open();
+
+    QCOMPARE(failureOf([&] { static_cast<void>(make(folder)); }), kDatabaseAlreadyExists);
+    QVERIFY(QFile::remove(folder.path()));
+    QCOMPARE(failureOf([&] { static_cast<void>(make(folder)); }), kNoFailure);
 }
 
 void NewFileTest::journalOfADeletedStoreIsNotTakenOver()

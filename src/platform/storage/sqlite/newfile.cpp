@@ -4,8 +4,6 @@
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
 #include "platform/storage/sqlite/companions.h"
-#include "platform/storage/sqlite/gate.h"
-#include "platform/storage/sqlite/presence.h"
 #include "platform/storage/sqlite/rangelock.h"
 
 #include <QFile>
@@ -21,6 +19,9 @@ using namespace Qt::StringLiterals;
 namespace platform::storage::sqlite {
 
 namespace {
+
+/// A store of many tables on a slow share takes some seconds, and it is made once.
+constexpr std::chrono::seconds kMakerWait{30};
 
 /// Renames unless the new name is taken; 0 or the system's error.
 int renameToFreeName(const QByteArray& from, const QByteArray& to) noexcept
@@ -38,20 +39,20 @@ int renameToFreeName(const QByteArray& from, const QByteArray& to) noexcept
 
 } // namespace
 
-void becomeMaker(const Sidecar& sidecar)
+void startMaking(const Sidecar& sidecar)
 {
     // Without a sidecar the folder can't be written, and so there will be no file either.
     if (!sidecar.exists())
         return;
-    const auto deadline = std::chrono::steady_clock::now() + kGateWait;
-    if (lockUntil(sidecar.descriptor(), kPresenceByte, LockKind::Exclusive, deadline) != LockResult::Taken)
+    const auto deadline = std::chrono::steady_clock::now() + kMakerWait;
+    if (lockUntil(sidecar.descriptor(), kMakerByte, LockKind::Exclusive, deadline) != LockResult::Taken)
         throw Failure(kCouldNotLockFile, u"another station makes the file, or the folder doesn't lock"_s);
 }
 
-void becomeUser(const Sidecar& sidecar)
+void stopMaking(const Sidecar& sidecar) noexcept
 {
-    // Giving up a part of what one holds can't be refused.
-    takePresence(sidecar, Sharing::Shared);
+    if (sidecar.exists())
+        unlock(sidecar.descriptor(), kMakerByte);
 }
 
 NewFile::NewFile(const QString& path)

@@ -11,12 +11,11 @@
 
 namespace platform::storage::sqlite {
 
-/// Marks a store that isn't there yet as being made by us alone. Waits some two seconds for another maker to
-/// end; 3050 when that was in vain or the file system doesn't lock.
-void becomeMaker(const Sidecar& sidecar);
-
-/// From being made to open for all: others get in.
-void becomeUser(const Sidecar& sidecar);
+/// Keeps all others from making the store of this sidecar until the sidecar ends, or `stopMaking`. Waits half
+/// a minute for another maker; 3050 when that was in vain or the file system doesn't lock. Whoever only opens
+/// stores never waits for a maker, nor he for them.
+void startMaking(const Sidecar& sidecar);
+void stopMaking(const Sidecar& sidecar) noexcept;
 
 class NewFile
 {

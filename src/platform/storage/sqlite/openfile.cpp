@@ -182,7 +182,7 @@ Database makeDatabase(const QString& path, const CreateOptions& options)
     return database;
 }
 
-/// Gives a new file its name, opens it again, and lets others in.
+/// Gives a new file its name and opens it again.
 Database published(Database database, NewFile& making, const Sidecar& sidecar)
 {
     database = {};
@@ -192,7 +192,7 @@ Database published(Database database, NewFile& making, const Sidecar& sidecar)
     database = openHandle(making.path(), true);
     configure(database);
     making.keep();
-    becomeUser(sidecar);
+    stopMaking(sidecar);
     return database;
 }
 
@@ -222,7 +222,6 @@ std::unique_ptr<Store> openStore(const QString& path, Sharing sharing)
     auto sidecar = std::make_unique<Sidecar>(path);
     takePresence(*sidecar, sharing);
     const GatePass pass = GatePass::forReading(*sidecar, Task::Open);
-    // Looked at behind the gate: a file that is just being made has length 0 until its maker lets us in.
     if (statusOf(path).st_size == 0)
         throw Failure(kNotADatabase, u"the file has length 0"_s);
     Database database = openHandle(path, sidecar->isWritable());
@@ -237,9 +236,10 @@ std::unique_ptr<Store> createStore(const QString& path, const CreateOptions& opt
 {
     requireFreeName(path);
     auto sidecar = std::make_unique<Sidecar>(path);
-    becomeMaker(*sidecar);
+    startMaking(*sidecar);
     // Another station may just have made it.
     requireFreeName(path);
+    takePresence(*sidecar, Sharing::Shared);
     auto making = std::make_unique<NewFile>(path);
     Database database = makeStoreFile(making->path(), options);
     if (options.appears == Appears::AtOnce)

@@ -12,6 +12,7 @@ inline constexpr int kPresenceByte = 0;  ///< shared: the store is open; exclusi
 inline constexpr int kTurnstileByte = 1; ///< exclusive while waiting for the room: the queue before it
 inline constexpr int kRoomByte = 2;      ///< shared: reading; exclusive: writing
 inline constexpr int kTrialByte = 3;     ///< exclusive for a moment at the opening: whether locks hold at all
+inline constexpr int kMakerByte = 4;     ///< exclusive while the store is being made
 
 class Sidecar
 {
