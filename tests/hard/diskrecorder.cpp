@@ -141,7 +141,8 @@ void DiskRecorder::noteFolderSynced(const QByteArray& folder)
 
 } // namespace hardtest
 
-// The engine's own calls on names and folders. The linker (`--wrap`) leads them here.
+// The engine's own calls on names and folders. The linker (`--wrap`) leads them here, by names that it forms.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 int __real_rename(const char* from, const char* to);
@@ -186,3 +187,4 @@ int __wrap_fsync(int descriptor)
     return result;
 }
 }
+// NOLINTEND(bugprone-reserved-identifier)

@@ -7,6 +7,8 @@
 #include <QCryptographicHash>
 #include <QFile>
 
+#include <numeric>
+
 namespace hardtest {
 
 namespace {
@@ -37,9 +39,8 @@ void addStructure(QCryptographicHash& hash, const TableDefinition& table)
 
 RowBlock rowsOf(Table& table)
 {
-    std::vector<int> columns;
-    for (int i = 0; i < table.definition().columns.size(); ++i)
-        columns.push_back(i);
+    std::vector<int> columns(static_cast<std::size_t>(table.definition().columns.size()));
+    std::iota(columns.begin(), columns.end(), 0);
     RowBlock block;
     table.readMany(table.order({}), columns, block);
     return block;

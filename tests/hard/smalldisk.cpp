@@ -60,14 +60,14 @@ qint64 SmallDisk::freeBytes() const
 {
     struct statvfs status = {};
     statvfs(QFile::encodeName(m_folder).constData(), &status);
-    return static_cast<qint64>(status.f_bavail * status.f_bsize);
+    return static_cast<qint64>(status.f_bavail) * static_cast<qint64>(status.f_bsize);
 }
 
 void SmallDisk::leaveFree(int kilobytes)
 {
     empty();
     QFile filler(fillerPath());
-    const qint64 size = freeBytes() - kilobytes * 1024;
+    const qint64 size = freeBytes() - qint64{kilobytes} * 1024;
     if (size < 0 || !filler.open(QIODevice::WriteOnly) || filler.write(QByteArray(size, 'f')) != size)
         qFatal("the small disk can't be filled");
 }

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void acknowledgedRowsOutliveTheKill_data();
     void acknowledgedRowsOutliveTheKill();
     void killedFirstStartLeavesNoHalfStore();
+    void firstStartsAtOnceAllFindTheStores();
     void cleanupTestCase();
 
 private:
@@ -234,6 +235,26 @@ void KillsTest::killedFirstStartLeavesNoHalfStore()
     }
 
     QVERIFY(m_messages->isEmpty());
+}
+
+void KillsTest::firstStartsAtOnceAllFindTheStores()
+{
+    constexpr int kStations = 4;
+    const int rounds = byForm(3, 100);
+
+    for (int round = 0; round < rounds; ++round) {
+        renewRoot();
+        std::vector<std::unique_ptr<QProcess>> stations;
+        for (int number = 0; number < kStations; ++number) {
+            stations.push_back(std::make_unique<QProcess>());
+            stations.back()->start(QStringLiteral(ORVANE_STATION), {u"begin"_s});
+        }
+        for (const std::unique_ptr<QProcess>& station : stations) {
+            QVERIFY(station->waitForFinished());
+            QCOMPARE(station->readAllStandardOutput(), QByteArray("begun 0 0 0\n"));
+        }
+        checkSoundness();
+    }
 }
 
 QTEST_GUILESS_MAIN(KillsTest)

@@ -4,7 +4,8 @@
 // the real store procedures, and says on its output what it has saved.
 //
 //   store_station write NAME          writes for ever; "C key", "T key", "A number" after each row saved
-//   store_station begin               makes and opens the stores as a first start does; "begun" at its end
+//   store_station begin               makes and opens the stores as a first start does; then "begun", and
+//                                     how many clients, consultations and telephones it sees
 //   store_station load NAME SECONDS   writes and reads; at its end "rows=N failures=N worst=MILLISECONDS"
 //   store_station talk                answers "add KEY" and "has KEY" from its input
 
@@ -88,7 +89,9 @@ int begin()
     for (void (*const procedure)() :
          {&CREARCLIENTES, &ABRIRCLIENTES, &CREARCONSULTAS, &ABRIRCONSULTAS, &CREARTELEFONOS, &ABRIRTELEFONOS})
         procedure();
-    say(u"begun"_s);
+    say(u"begun %1 %2 %3"_s.arg(RSCLIENTES.RecordCount())
+            .arg(RSCONSULTAS.RecordCount())
+            .arg(RSTELEFONOS.RecordCount()));
     return 0;
 }
 
