@@ -49,6 +49,7 @@ class Eyes:
         self._pictures = pictures
         self._screen = Place(0, 0, *(int(side) for side in screen.split("x")))
         self.names = []
+        self._writers = []
         os.makedirs(pictures, exist_ok=True)
 
     def find(self, process, title):
@@ -109,8 +110,17 @@ class Eyes:
                 break
             before = now
         path = os.path.join(self._pictures, name + ".png")
-        subprocess.run([tool("convert"), "ppm:-", path], input=now, env=self._env, check=True)
+        writer = subprocess.Popen([tool("convert"), "ppm:-", path], stdin=subprocess.PIPE, env=self._env)
+        writer.stdin.write(now)
+        writer.stdin.close()
+        self._writers.append(writer)
         self.names.append(name)
+
+    def finish(self):
+        """Returns when every picture is in its file."""
+        for writer in self._writers:
+            if writer.wait() != 0:
+                raise Broken("a picture can't be written")
 
     def _look(self, place):
         command = [tool("import"), "-silent", "-window", "root", "-crop", str(place), "+repage", "-depth", "8", "ppm:-"]

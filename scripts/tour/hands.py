@@ -17,7 +17,7 @@ class Hands:
 
     def press(self, *keys):
         """Keys by their names, one after the other: "Tab", "alt+g"."""
-        answer([self._xdotool, "key", "--delay", "15", *keys], env=self._env)
+        answer([self._xdotool, "key", "--delay", "5", *keys], env=self._env)
 
     def type(self, text):
         answer([self._xdotool, "type", "--delay", "8", "--", text], env=self._env)

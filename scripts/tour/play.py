@@ -43,6 +43,7 @@ def failed(tour, broken, logs, pictures):
     """Leaves what helps to see why: the desk as it is, and what the programs said."""
     if tour:
         tour.eyes.picture("failed")
+        tour.eyes.finish()
     shutil.copytree(logs, os.path.join(pictures, "logs"))
     print(f"\ntour: {broken}", file=sys.stderr)
     return 1
@@ -61,6 +62,7 @@ def main():
         try:
             tour = Tour(servants, given, work, pictures)
             play(tour)
+            tour.eyes.finish()
         except Broken as broken:
             return failed(tour, broken, logs, pictures)
         finally:
