@@ -21,6 +21,12 @@ Form::Form(QWidget* parent)
     setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
 }
 
+Form::~Form()
+{
+    for (QObject* control : findChildren<QObject*>())
+        disconnect(control, nullptr, this, nullptr);
+}
+
 void Form::load()
 {
     if (m_state != State::Fresh)

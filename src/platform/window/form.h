@@ -16,6 +16,8 @@ class Form : public QDialog
 
 public:
     explicit Form(QWidget* parent = nullptr);
+    /// What the controls still tell while they go, such as the end of an edit, reaches the form no more.
+    ~Form() override;
 
     /// Runs `onLoad` once. The show calls do it by themselves.
     void load();

@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 using platform::Form;
 using support::failureOf;
@@ -52,6 +54,7 @@ private Q_SLOTS:
     void modalFormIsWindowModal();
     void escDoesNotClose();
     void enterPressesNoButton();
+    void controlsReachNoFormThatGoes();
 };
 
 void FormTest::loadComesBeforeTheWindowIsSeen()
@@ -218,6 +221,24 @@ void FormTest::enterPressesNoButton()
 
     QVERIFY(clicks.isEmpty());
     QVERIFY(form.isVisible());
+}
+
+void FormTest::controlsReachNoFormThatGoes()
+{
+    auto form = std::make_unique<LoggingForm>();
+    auto* layout = new QVBoxLayout(form.get());
+    auto* field = new platform::TextBox;
+    layout->addWidget(field);
+    int heard = 0;
+    connect(field, &platform::TextBox::lostFocus, form.get(), [&heard] { ++heard; });
+    form->showModeless();
+    QVERIFY(QTest::qWaitForWindowActive(form.get()));
+    field->setFocus();
+    QVERIFY(field->hasFocus());
+
+    form.reset();
+
+    QCOMPARE(heard, 0);
 }
 
 QTEST_MAIN(FormTest)
