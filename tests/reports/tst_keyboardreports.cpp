@@ -190,8 +190,13 @@ void KeyboardReportsTest::init()
 
 void KeyboardReportsTest::cleanup()
 {
+    // The unload of one may take others with it.
+    QList<QPointer<platform::Form>> forms;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* form = qobject_cast<platform::Form*>(window))
+            forms.append(form);
+    for (const QPointer<platform::Form>& form : forms)
+        if (form)
             form->unload();
     m_main.reset();
     resetProgramState();
