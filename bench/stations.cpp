@@ -103,7 +103,9 @@ bool succeeds(Body&& body)
 Load workThroughTheStore(const Station& station)
 {
     ABRIRCLIENTES();
-    RSCLIENTES.setIndex(u"CliCodigoIndice"_s);
+    // The opening waits at the gate like everything else, and is silent when it waited in vain.
+    if (!succeeds([] { RSCLIENTES.setIndex(u"CliCodigoIndice"_s); }))
+        return {.failures = 1};
     const auto save = [&](const QString& key) {
         return succeeds([&] {
             RSCLIENTES.AddNew();
