@@ -86,8 +86,9 @@ std::vector<PlacedSection> PageList::sections(int page, PagePart part) const
 
 qsizetype PageList::bytes() const noexcept
 {
-    return static_cast<qsizetype>(m_pages.capacity() * sizeof(Page) + m_placed.capacity() * sizeof(Placed) +
-                                  m_rests.capacity() * sizeof(Rest));
+    const std::size_t held = m_pages.capacity() * sizeof(Page) + m_placed.capacity() * sizeof(Placed) +
+                             m_rests.capacity() * sizeof(Rest);
+    return static_cast<qsizetype>(held);
 }
 
 } // namespace platform::print
