@@ -10,6 +10,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void printerThatIsChosenIsForThisJobOnly();
     void withoutProgressOnlyThePageIsTold();
     void everyToolHasANameForAScreenReader();
+    void tabGoesFromThePageThroughTheToolsAndBack();
+    void tabLeavesThePageWhereItIs();
 
 private:
     /// A finished preview of 6 pages, with all tools.
@@ -248,6 +251,45 @@ void PreviewToolsTest::everyToolHasANameForAScreenReader()
         if (!action->isSeparator())
             QVERIFY2(!bar->widgetForAction(action)->accessibleName().isEmpty(), qPrintable(action->text()));
     }
+}
+
+void PreviewToolsTest::tabGoesFromThePageThroughTheToolsAndBack()
+{
+    givenPreview(allTools());
+    QVERIFY(QTest::qWaitForWindowActive(PeFixture::preview()));
+    QVERIFY(page()->hasFocus());
+    auto* bar = PeFixture::preview()->findChild<QToolBar*>();
+    QList<QWidget*> expected;
+    for (QAction* action : bar->actions()) {
+        QWidget* tool = bar->widgetForAction(action);
+        if (!action->isSeparator() && tool->isEnabled())
+            expected.append(tool);
+    }
+    expected.append(page());
+
+    QList<QWidget*> visited;
+    while (visited.size() < expected.size()) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        visited.append(QApplication::focusWidget());
+    }
+
+    QCOMPARE(visited, expected);
+}
+
+void PreviewToolsTest::tabLeavesThePageWhereItIs()
+{
+    givenPreview(allTools());
+    QVERIFY(QTest::qWaitForWindowActive(PeFixture::preview()));
+    choose(u"200 %"_s);
+    QScrollBar* bar = PeFixture::preview()->findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum() / 2);
+    const int place = bar->value();
+    QVERIFY(place > 0);
+
+    QTest::keyClick(page(), Qt::Key_Tab);
+
+    QVERIFY(!page()->hasFocus());
+    QCOMPARE(bar->value(), place);
 }
 
 QTEST_MAIN(PreviewToolsTest)

@@ -28,6 +28,16 @@ namespace {
 
 constexpr double kZoomStep = 1.25;
 
+/// Stays where it is scrolled to when Tab leaves the page for the tools.
+class PageArea final : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+protected:
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+};
+
 } // namespace
 
 PreviewWindow::PreviewWindow(std::shared_ptr<Document> document, const PreviewRequest& request,
@@ -41,7 +51,7 @@ PreviewWindow::PreviewWindow(std::shared_ptr<Document> document, const PreviewRe
     setWindowTitle(request.title);
     setGeometry(request.place);
     m_printing.title = request.title;
-    m_area = new QScrollArea(this);
+    m_area = new PageArea(this);
     m_area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_area->setFocusPolicy(Qt::NoFocus);
     m_view = new PageView(m_document, m_area);
