@@ -49,7 +49,7 @@ Imprint copyPlainFile(const QString& from, const QString& to)
     makeFolderOf(to);
     QFile target(to);
     bool isWritten = target.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    const Imprint imprint = readFile(
+    Imprint imprint = readFile(
         from, [&](const QByteArray& block) { isWritten = isWritten && target.write(block) == block.size(); });
     if (!isWritten || !target.flush())
         throw ToolError(QStringLiteral("no se puede escribir «%1»: %2").arg(to, target.errorString()));

@@ -134,7 +134,7 @@ QStringList restoreOver(const Manifest& manifest, const QDir& copy, const QStrin
             replacements.take(file.path, &file);
     }
     replacements.write();
-    const QStringList kept = replacements.replace();
+    QStringList kept = replacements.replace();
     for (const CopiedFile& file : manifest.files) {
         if (!file.isStore)
             replaceReport(file, copy, QDir(folder));
