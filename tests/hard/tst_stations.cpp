@@ -139,6 +139,20 @@ double figure(const QString& line, QLatin1String name)
     return match.hasMatch() ? match.captured(1).toDouble() : -1;
 }
 
+/// A save beside a station that is frozen as it writes, before and after it is let go.
+void saveFailsUntil(void (Holder::*letGo)())
+{
+    storetest::bringUp();
+    Holder frozen(u"writing"_s);
+    frozen.freeze();
+    QCOMPARE(saveFailure(u"A"_s), platform::kLockedByAnother);
+
+    (frozen.*letGo)();
+
+    QCOMPARE(saveFailure(u"A"_s), 0);
+    QCOMPARE(RSCLIENTES.RecordCount(), 1);
+}
+
 } // namespace
 
 void StationsTest::init()
@@ -216,28 +230,12 @@ void StationsTest::frozenReaderHoldsUpWritersAlone()
 
 void StationsTest::othersGoOnWhenTheFrozenStationWakes()
 {
-    storetest::bringUp();
-    Holder frozen(u"writing"_s);
-    frozen.freeze();
-    QCOMPARE(saveFailure(u"A"_s), platform::kLockedByAnother);
-
-    frozen.wake();
-
-    QCOMPARE(saveFailure(u"A"_s), 0);
-    QCOMPARE(RSCLIENTES.RecordCount(), 1);
+    saveFailsUntil(&Holder::wake);
 }
 
 void StationsTest::othersGoOnWhenTheFrozenStationDies()
 {
-    storetest::bringUp();
-    Holder frozen(u"writing"_s);
-    frozen.freeze();
-    QCOMPARE(saveFailure(u"A"_s), platform::kLockedByAnother);
-
-    frozen.die();
-
-    QCOMPARE(saveFailure(u"A"_s), 0);
-    QCOMPARE(RSCLIENTES.RecordCount(), 1);
+    saveFailsUntil(&Holder::die);
 }
 
 void StationsTest::frozenStationOutsideTheGateHoldsUpNobody()
