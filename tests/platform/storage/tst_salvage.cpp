@@ -191,12 +191,12 @@ void SalvageTest::randomBytesEndInAValidStore()
 void SalvageTest::overflowChainThatTurnsInACircleEnds()
 {
     // A leaf whose rows each claim a payload that runs through two pages pointing at each other.
-    QByteArray bytes(400 * 512, '\0');
+    QByteArray bytes(qsizetype{400} * 512, '\0');
     for (qsizetype page = 1; page < 400; ++page) {
         const qsizetype at = page * 512;
         bytes[at] = '\x0D';
         bytes[at + 4] = 80;
-        for (int cell = 0; cell < 80; ++cell) {
+        for (qsizetype cell = 0; cell < 80; ++cell) {
             bytes[at + 8 + 2 * cell] = 1;
             bytes[at + 9 + 2 * cell] = static_cast<char>(0);
         }

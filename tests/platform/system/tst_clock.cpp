@@ -28,9 +28,9 @@ void ClockTest::systemClockIsTheDefault()
 
 void ClockTest::replacedClockIsRead()
 {
-    const QDateTime fixed(QDate(2026, 2, 28), QTime(23, 59, 59));
+    static const QDateTime fixed(QDate(2026, 2, 28), QTime(23, 59, 59));
 
-    setClock([fixed] { return fixed; });
+    setClock([] { return fixed; });
 
     QCOMPARE(now(), fixed);
 }

@@ -43,6 +43,7 @@ void TableReaderTest::givenRows(int count)
     m_folder = std::make_unique<QTemporaryDir>();
     m_path = m_folder->filePath(u"T.MDB"_s);
     std::vector<std::vector<Value>> rows;
+    rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         rows.push_back({static_cast<double>(i), u"x"_s});
     givenTable(m_path, u"T"_s, {u"N#"_s, u"FOTO+"_s}, rows);

@@ -65,6 +65,7 @@ void PagesTest::initTestCase()
     for (int i = 1; i <= 60; ++i)
         longText += u"linea%1\n"_s.arg(i);
     std::vector<std::vector<Value>> rows;
+    rows.reserve(30);
     for (int i = 0; i < 30; ++i)
         rows.push_back({u"g%1"_s.arg(i / 10 + 1), i + 1.0, i == 0 ? longText.trimmed() : u"corto"_s});
     givenTable(m_folder.filePath(u"T.MDB"_s), u"T"_s, {u"G"_s, u"N#"_s, u"MEMO+"_s}, rows);

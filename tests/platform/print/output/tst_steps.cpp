@@ -61,6 +61,7 @@ const QString kGroup = u"<grupo n=\"1\" campo=\"{T.G}\"/>"_s;
 void StepsTest::initTestCase()
 {
     std::vector<std::vector<Value>> rows;
+    rows.reserve(30);
     for (int i = 0; i < 30; ++i)
         rows.push_back({u"g%1"_s.arg(i / 10 + 1), i + 1.0});
     givenTable(m_folder.filePath(u"T.MDB"_s), u"T"_s, {u"G"_s, u"N#"_s}, rows);
