@@ -17,6 +17,7 @@ enum class Type { Number, Text, Boolean, Date, Time, DateTime };
 struct Date
 {
     qint32 day = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison's own 0 for a pointer.
     friend auto operator<=>(const Date&, const Date&) = default;
 };
 
@@ -24,7 +25,7 @@ struct Date
 struct Time
 {
     qint32 second = 0;
-    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison's own 0 for a pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr): as above.
     friend auto operator<=>(const Time&, const Time&) = default;
 };
 
