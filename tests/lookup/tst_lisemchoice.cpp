@@ -366,6 +366,8 @@ void LisemChoiceTest::theWindowIsModalAndGivesItsResultBack()
     QTimer::singleShot(0, [&] {
         auto* window = qobject_cast<LISEM*>(QApplication::activeModalWidget());
         wasModal = window != nullptr && window->isModal() && window->parentWidget() == &caller;
+        if (window == nullptr)
+            return;
         auto* grid = window->findChild<platform::FlexGrid*>(u"busi"_s);
         grid->setFocus();
         QTest::keyClick(grid, Qt::Key_Down);

@@ -57,6 +57,7 @@ void CostTest::init()
     m_store = std::make_unique<Store>();
     m_store->create();
     std::vector<storage::Row> rows;
+    rows.reserve(kRows);
     for (int i = 0; i < kRows; ++i)
         rows.push_back({u"c%1"_s.arg(i, 4, 10, QLatin1Char('0')), 1.0, u"nombre"_s, u"nota"_s});
     m_store->otherStation()->openTable(u"LINEAS"_s)->insertMany(rows);
