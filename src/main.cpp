@@ -4,6 +4,7 @@
 // load is the start of the run.
 
 #include "platform/window/appearance.h"
+#include "platform/window/spanishtexts.h"
 #include "shell/launch.h"
 #include "shell/stmain.h"
 #include "shell/unhandledfailure.h"

@@ -4,11 +4,8 @@
 #include "platform/window/focusstyle.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QPalette>
 #include <QStandardPaths>
-#include <QTranslator>
 
 namespace platform {
 
@@ -52,21 +49,6 @@ void installAppearance()
     QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark")
                                                         : QStringLiteral("breeze"));
     QIcon::setFallbackThemeName(QStringLiteral("breeze"));
-    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-}
-
-bool installSpanishTexts()
-{
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    bool allLoaded = true;
-    for (const QString& file : {QStringLiteral("qt_es"), QStringLiteral("qtbase_es")}) {
-        auto* translator = new QTranslator(qApp);
-        if (translator->load(file, folder))
-            QCoreApplication::installTranslator(translator);
-        else
-            allLoaded = false;
-    }
-    return allLoaded;
 }
 
 } // namespace platform

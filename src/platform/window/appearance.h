@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The look that all windows share, and Qt's own texts in Spanish.
+// The look that all windows share.
 
 #include <QIcon>
 
@@ -10,9 +10,6 @@ namespace platform {
 /// Sets the style of `focusstyle.h`, the icon theme that suits a light or dark palette, and the small
 /// adjustments of spacing. Call once, when the application object stands.
 void installAppearance();
-
-/// Loads Qt's Spanish texts. False when the packaged translations aren't there: Qt's texts stay English.
-bool installSpanishTexts();
 
 /// Makes `messageBox()` show real boxes: plain text, "Aceptar", over the active window, titled with the
 /// application's name when the message has no title.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Message boxes, Spanish texts, style and icons.
+// Message boxes, style and icons.
 
 #include "platform/system/messagebox.h"
 #include "platform/window/appearance.h"
@@ -9,7 +9,6 @@
 #include "platform/window/treeview.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProxyStyle>
@@ -63,7 +62,6 @@ private Q_SLOTS:
     void messageWithoutATitleBearsTheProgramsName();
     void messageKeepsItsOwnTitleAndIcon();
     void messageStandsOverTheActiveWindow();
-    void spanishTextsAreLoaded();
     void styleIsFusion();
     void framedControlWithTheFocusHasAMarkedFrame_data();
     void framedControlWithTheFocusHasAMarkedFrame();
@@ -120,14 +118,6 @@ void AppearanceTest::messageStandsOverTheActiveWindow()
     const SeenBox seen = show({.text = u"x"_s, .title = {}, .icon = platform::MessageIcon::None});
 
     QCOMPARE(seen.parent, &window);
-}
-
-void AppearanceTest::spanishTextsAreLoaded()
-{
-    QVERIFY(platform::installSpanishTexts());
-
-    const QDialogButtonBox box(QDialogButtonBox::Cancel);
-    QCOMPARE(box.button(QDialogButtonBox::Cancel)->text().remove(u'&'), u"Cancelar"_s);
 }
 
 void AppearanceTest::styleIsFusion()
