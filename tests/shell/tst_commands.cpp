@@ -53,6 +53,7 @@ private Q_SLOTS:
     void closingTheFrameUnloads();
     void failingPrintEngineStillEndsTheProcess();
     void unhandledFailureIsShownAndEndsTheProcess();
+    void unhandledFailureWithoutWordsIsShownByItsNumber();
 
 private:
     void clickTool(const QString& name) const;
@@ -345,10 +346,20 @@ void CommandsTest::unhandledFailureIsShownAndEndsTheProcess()
     shell::installUnhandledFailureBox();
 
     QVERIFY(ProcessRecorder::ends(
-        [] { platform::runHandler([] { throw platform::Failure(91, u"sin asignar"_s); }); }));
+        [] { platform::runHandler([] { throw platform::Failure(91, u"not bound"_s); }); }));
 
-    QCOMPARE(m_messages->texts(),
-             QStringList{u"Se ha producido el error '91' en tiempo de ejecución.\n\nsin asignar"_s});
+    QCOMPARE(m_messages->texts(), QStringList{u"Se ha producido el error '91' en tiempo de ejecución.\n\n"
+                                              "Falta algo que tenía que estar abierto o elegido."_s});
+}
+
+void CommandsTest::unhandledFailureWithoutWordsIsShownByItsNumber()
+{
+    shell::installUnhandledFailureBox();
+
+    QVERIFY(ProcessRecorder::ends(
+        [] { platform::runHandler([] { throw platform::Failure(70, u"permission denied"_s); }); }));
+
+    QCOMPARE(m_messages->texts(), QStringList{u"Se ha producido el error '70' en tiempo de ejecución."_s});
 }
 
 QTEST_MAIN(CommandsTest)
