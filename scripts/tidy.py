@@ -14,6 +14,7 @@ import hashlib
 import json
 import os
 import pathlib
+import shlex
 import subprocess
 import sys
 
@@ -31,7 +32,14 @@ def committed_files():
 
 
 def compile_commands(build):
-    return {pathlib.Path(entry["file"]): entry for entry in json.loads((build / "compile_commands.json").read_text())}
+    """Command by source file; of a file that several targets compile, the last one stands for all."""
+    entries = json.loads((build / "compile_commands.json").read_text())
+    return {pathlib.Path(entry["file"]): entry["command"] for entry in entries}
+
+
+def object_of(command):
+    words = shlex.split(command)
+    return words[words.index("-o") + 1]
 
 
 def own_headers(build):
@@ -65,9 +73,9 @@ class Signs:
         return self.sums[path]
 
     def of(self, file):
-        entry = self.commands[file]
-        parts = [self.common, entry["command"], self.sum_of_content(file)]
-        parts += [self.sum_of_content(header) for header in self.headers[entry["output"]]]
+        command = self.commands[file]
+        parts = [self.common, command, self.sum_of_content(file)]
+        parts += [self.sum_of_content(header) for header in self.headers[object_of(command)]]
         return self.folder / hashlib.sha256("\n".join(parts).encode()).hexdigest()
 
 
