@@ -39,6 +39,7 @@ private Q_SLOTS:
     void othersGoOnWhenTheFrozenStationWakes();
     void othersGoOnWhenTheFrozenStationDies();
     void frozenStationOutsideTheGateHoldsUpNobody();
+    void frozenStationInTheLineHoldsUpNobodyForLong();
     void firstStartsAtOnceMakeOneRoot();
     void startsAtOnceNumberOldRowsOnce();
 
@@ -247,6 +248,23 @@ void StationsTest::frozenStationOutsideTheGateHoldsUpNobody()
 
     QCOMPARE(saveFailure(u"A"_s), 0);
     QCOMPARE(readFailure(u"A"_s), 0);
+}
+
+void StationsTest::frozenStationInTheLineHoldsUpNobodyForLong()
+{
+    constexpr int kSaves = 100;
+    storetest::bringUp();
+    const Holder frozen(u"line"_s);
+    QVERIFY(frozen.isHeld());
+    frozen.freeze();
+    QElapsedTimer timer;
+    timer.start();
+
+    for (int number = 0; number < kSaves; ++number)
+        QCOMPARE(saveFailure(QString::number(number)), 0);
+
+    // If each had to pass over it anew, this would be ten seconds and more.
+    QVERIFY(timer.elapsed() < kLongestWaitMs);
 }
 
 void StationsTest::firstStartsAtOnceMakeOneRoot()

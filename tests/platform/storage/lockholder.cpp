@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Another station for the tests: holds a lock on a store until its input ends.
-// lockholder PATH shared|exclusive|reading|writing
+// lockholder PATH shared|exclusive|reading|writing|line
 
 #include "platform/core/failure.h"
 #include "platform/storage/sqlite/gate.h"
@@ -35,6 +35,11 @@ void hold(const QString& path, const QString& what)
     const sqlite::Sidecar sidecar(path);
     if (what == QLatin1String("reading")) {
         const sqlite::GatePass pass = sqlite::GatePass::forReading(sidecar, sqlite::Task::Read);
+        tellAndWait();
+        return;
+    }
+    if (what == QLatin1String("line")) {
+        const sqlite::Place place(sidecar.line());
         tellAndWait();
         return;
     }

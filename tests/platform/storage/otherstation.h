@@ -12,7 +12,7 @@ namespace platform::storage::test {
 class OtherStation
 {
 public:
-    /// `what`: "shared", "exclusive", "reading" or "writing".
+    /// `what`: "shared", "exclusive", "reading", "writing" or "line", a place in the line that never moves.
     OtherStation(const QString& path, const QString& what)
     {
         m_process.start(QStringLiteral(STORAGE_LOCKHOLDER), {path, what});

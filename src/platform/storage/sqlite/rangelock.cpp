@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/storage/sqlite/rangelock.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <ctime>
@@ -16,14 +17,19 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-struct flock byteLock(off_t offset, short type) noexcept
+struct flock spanLock(ByteSpan span, short type) noexcept
 {
     struct flock lock = {};
     lock.l_type = type;
     lock.l_whence = SEEK_SET;
-    lock.l_start = offset;
-    lock.l_len = 1;
+    lock.l_start = span.first;
+    lock.l_len = span.last - span.first + 1;
     return lock;
+}
+
+struct flock byteLock(off_t offset, short type) noexcept
+{
+    return spanLock({offset, offset}, type);
 }
 
 short lockType(LockKind kind) noexcept
@@ -135,6 +141,18 @@ LockResult lockUntil(int descriptor, off_t offset, LockKind kind, Clock::time_po
         if (errno != EINTR || Clock::now() >= deadline)
             return refusal(errno);
     }
+}
+
+std::optional<ByteSpan> lockOfOthers(int descriptor, ByteSpan where, LockKind kind) noexcept
+{
+    struct flock lock = spanLock(where, lockType(kind));
+    if (fcntl(descriptor, F_OFD_GETLK, &lock) != 0)
+        return where;
+    if (lock.l_type == F_UNLCK)
+        return std::nullopt;
+    // A lock without a length reaches to the end of all files.
+    const off_t last = lock.l_len == 0 ? where.last : std::min(where.last, lock.l_start + lock.l_len - 1);
+    return ByteSpan{std::max(where.first, lock.l_start), last};
 }
 
 void unlock(int descriptor, off_t offset) noexcept

@@ -55,6 +55,8 @@ Sidecar::Sidecar(const QString& storePath)
     m_writable = m_descriptor >= 0;
     if (m_descriptor < 0)
         m_descriptor = open(path.constData(), O_RDONLY | O_CLOEXEC);
+    if (m_descriptor >= 0)
+        m_line = std::make_unique<WaitingLine>(m_descriptor);
     if (!m_writable)
         return;
     try {

@@ -3,16 +3,14 @@
 
 // The file `<store>.ldb` beside a store. It stays empty and is never deleted; only its bytes are locked.
 
+#include "platform/storage/sqlite/sidecarbytes.h"
+#include "platform/storage/sqlite/waitingline.h"
+
 #include <QString>
 
-namespace platform::storage::sqlite {
+#include <memory>
 
-/// Bytes of the sidecar and what a lock on them means.
-inline constexpr int kPresenceByte = 0;  ///< shared: the store is open; exclusive: open for one alone
-inline constexpr int kTurnstileByte = 1; ///< exclusive while waiting for the room: the queue before it
-inline constexpr int kRoomByte = 2;      ///< shared: reading; exclusive: writing
-inline constexpr int kTrialByte = 3;     ///< exclusive for a moment at the opening: whether locks hold at all
-inline constexpr int kMakerByte = 4;     ///< exclusive while the store is being made
+namespace platform::storage::sqlite {
 
 class Sidecar
 {
@@ -31,9 +29,12 @@ public:
     /// False when only shared locks can be had, so the store can only be read.
     [[nodiscard]] bool isWritable() const noexcept { return m_writable; }
     [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
+    /// Those who wait at the gate. There is one where the sidecar exists.
+    [[nodiscard]] WaitingLine& line() const noexcept { return *m_line; }
 
 private:
     int m_descriptor = -1;
+    std::unique_ptr<WaitingLine> m_line;
     bool m_writable = false;
 };
 
