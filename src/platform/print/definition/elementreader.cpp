@@ -87,7 +87,7 @@ std::optional<Format> ElementReader::format(QLatin1StringView name)
     const XmlAttribute* attribute = take(name);
     if (attribute == nullptr)
         return std::nullopt;
-    const std::optional<Format> read = parseFormat(attribute->value);
+    std::optional<Format> read = parseFormat(attribute->value);
     if (!read)
         failAt(name, u"el formato «%1» no existe"_s.arg(attribute->value));
     return read;
