@@ -47,6 +47,8 @@ private Q_SLOTS:
     void aDeletedRecordIsInvalidUntilAMove();
     void moveNextAfterDeleteGoesToTheRowThatFollowed();
     void moveNextAfterDeleteFollowsTheIndex();
+    void moveNextAfterDeletePassesRowsWithoutAKey();
+    void moveNextAfterDeletingARowWithoutAKeyGoesToTheKeys();
     void moveNextAfterDeletingTheLastSetsEof();
     void deletingInAWalkVisitsEveryRow();
     void deleteWithoutARecordFailsWith3021();
@@ -56,6 +58,7 @@ private Q_SLOTS:
 
 private:
     void addThree();
+    void addNameless();
 
     std::unique_ptr<Store> m_store;
     Database m_database;
@@ -83,6 +86,14 @@ void PositionTest::addThree()
     addLine(m_rows, u"a"_s, 2, u"media"_s);
     addLine(m_rows, u"a"_s, 1, u"alfa"_s);
     m_rows = m_database.OpenRecordset(u"LINEAS"_s, dbOpenTable);
+}
+
+void PositionTest::addNameless()
+{
+    m_rows.AddNew();
+    m_rows[u"CODIGO"].setValue(u"c"_s);
+    m_rows[u"NUMERO"].setValue(1.0);
+    m_rows.Update();
 }
 
 void PositionTest::anEmptyTableOpensAtBothEnds()
@@ -402,6 +413,32 @@ void PositionTest::moveNextAfterDeleteFollowsTheIndex()
     m_rows.MoveNext();
 
     QCOMPARE(text(m_rows, u"NOMBRE"), u"media"_s);
+}
+
+void PositionTest::moveNextAfterDeletePassesRowsWithoutAKey()
+{
+    addThree();
+    addNameless();
+    m_rows.setIndex(u"NOMBRES"_s);
+    m_rows.Seek(u"=", u"alfa"_s);
+
+    m_rows.Delete();
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"media"_s);
+}
+
+void PositionTest::moveNextAfterDeletingARowWithoutAKeyGoesToTheKeys()
+{
+    addThree();
+    addNameless();
+    m_rows.setIndex(u"NOMBRES"_s);
+    m_rows.MoveFirst();
+
+    m_rows.Delete();
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"alfa"_s);
 }
 
 void PositionTest::moveNextAfterDeletingTheLastSetsEof()

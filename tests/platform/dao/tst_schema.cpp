@@ -31,6 +31,7 @@ private Q_SLOTS:
     void openRecordsetsKeepTheirColumnCount();
     void existingRowsGetNullInANewColumn();
     void aDeletedColumnIsGone();
+    void theHandleOfADeletedColumnIsAColumnInMemory();
     void deletingAnUnknownColumnFailsWith3265();
     void deletingAnIndexedColumnIsRefused();
     void allowZeroLengthIsFalseAtFirst();
@@ -216,6 +217,18 @@ void SchemaTest::aDeletedColumnIsGone()
 
     QCOMPARE(table.Fields().Count(), 3);
     QCOMPARE(lines().Fields().Count(), 3);
+}
+
+void SchemaTest::theHandleOfADeletedColumnIsAColumnInMemory()
+{
+    TableDef table = lines();
+    Field notes = table.Fields().Item(u"NOTAS"_s);
+    table.Fields().Delete(u"NOTAS"_s);
+
+    notes.setAllowZeroLength(true);
+    table.Fields().Append(notes);
+
+    QVERIFY(lines().Fields().Item(u"NOTAS"_s).AllowZeroLength());
 }
 
 void SchemaTest::deletingAnUnknownColumnFailsWith3265()

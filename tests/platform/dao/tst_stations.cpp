@@ -24,10 +24,12 @@ private Q_SLOTS:
     void moveNextAfterALostRowOfAWalkGoesToTheRowThatFollowed();
     void aRowNumberUsedAgainDoesNotMisleadMoveNext();
     void aRowAddedElsewhereIsMetByTheWalk();
+    void aRowAddedElsewhereIsReadWhereRowsWereReadAhead();
     void aRowDeletedElsewhereIsLeftOutOfTheWalk();
     void aRowMovedInTheOrderIsFoundAtItsNewPlace();
     void recordCountHasTheOthersRows();
     void theFirstRecordOfAnEmptyTableIsNoticed();
+    void theFirstRecordAfterAVainSeekLeavesEof();
     void seekSeesTheOthersRows();
     void moveLastSeesTheOthersRows();
     void updateAfterAnotherStationsChangeFailsWith3197();
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void aChangeThroughTheOtherHandleOfThisRunIsSeen();
     void aYoungCopyIsUsedAsItIs();
     void aYoungCopyIsLookedAtAfterAnOwnChange();
+    void aYoungCopyIsLookedAtAfterAnOwnDeletion();
 
 private:
     std::unique_ptr<Store> m_store;
@@ -133,6 +136,20 @@ void StationsTest::aRowAddedElsewhereIsMetByTheWalk()
     QCOMPARE(text(m_rows, u"NOMBRE"), u"n2b"_s);
 }
 
+void StationsTest::aRowAddedElsewhereIsReadWhereRowsWereReadAhead()
+{
+    m_rows.MoveFirst();
+    m_rows.MoveNext();
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n2"_s);
+    m_rows.MoveNext();
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n3"_s); // n4 came with it
+    addLine(*m_other, u"a"_s, 35, u"n3b"_s);
+
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n3b"_s);
+}
+
 void StationsTest::aRowDeletedElsewhereIsLeftOutOfTheWalk()
 {
     m_rows.MoveFirst();
@@ -179,6 +196,21 @@ void StationsTest::theFirstRecordOfAnEmptyTableIsNoticed()
     QVERIFY(!(m_rows.EOF_() && m_rows.BOF()));
     m_rows.MoveLast();
     QCOMPARE(text(m_rows, u"NOMBRE"), u"primera"_s);
+}
+
+void StationsTest::theFirstRecordAfterAVainSeekLeavesEof()
+{
+    for (int i = 1; i <= 4; ++i)
+        deleteLine(*m_other, u"a"_s, i * 10);
+    m_rows = m_database.OpenRecordset(u"LINEAS"_s, dbOpenTable);
+    m_rows.setIndex(u"PRIMARIO"_s);
+    m_rows.Seek(u"=", u"a"_s, 1.0);
+    QVERIFY(m_rows.BOF() && m_rows.EOF_());
+
+    addLine(*m_other, u"a"_s, 1, u"primera"_s);
+
+    QVERIFY(!m_rows.BOF());
+    QVERIFY(m_rows.EOF_());
 }
 
 void StationsTest::seekSeesTheOthersRows()
@@ -312,6 +344,17 @@ void StationsTest::aYoungCopyIsLookedAtAfterAnOwnChange()
     second.Update();
 
     QCOMPARE(text(m_rows, u"NOMBRE"), u"nuevo"_s);
+}
+
+void StationsTest::aYoungCopyIsLookedAtAfterAnOwnDeletion()
+{
+    setRowFreshness(std::chrono::hours{1});
+    Recordset second = m_database.OpenRecordset(u"LINEAS"_s, dbOpenTable);
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n1"_s);
+
+    second.Delete();
+
+    QCOMPARE(failureOf([&] { (void)m_rows[u"NOMBRE"].Value(); }), kRecordDeleted);
 }
 
 QTEST_GUILESS_MAIN(StationsTest)
