@@ -30,6 +30,7 @@ private Q_SLOTS:
     void cleanup();
     void acknowledgedRowsOutliveTheKill_data();
     void acknowledgedRowsOutliveTheKill();
+    void killedFirstStartLeavesNoHalfStore_data();
     void killedFirstStartLeavesNoHalfStore();
     void firstStartsAtOnceAllFindTheStores();
     void cleanupTestCase();
@@ -50,13 +51,19 @@ private:
 
     std::unique_ptr<testsupport::TempDataRoot> m_root;
     std::unique_ptr<testsupport::MessageRecorder> m_messages;
-    QRandomGenerator m_random{20261120};
+    QRandomGenerator m_random;
     Rows m_before;
     qsizetype m_acknowledged = 0;
     int m_kills = 0;
 };
 
 namespace {
+
+/// The long form is a number of series, which may run in as many processes at once.
+quint32 seedOf(int series)
+{
+    return 20261119 + static_cast<quint32>(series);
+}
 
 /// After so many rounds the stores are made anew, so that they don't grow for ever.
 constexpr int kRoundsPerRoot = 40;
@@ -184,14 +191,19 @@ void KillsTest::acknowledgedRowsOutliveTheKill_data()
 {
     QTest::addColumn<int>("stations");
     QTest::addColumn<int>("rounds");
-    QTest::newRow("one station") << 1 << byForm(110, 3'000);
-    QTest::newRow("eight stations") << 8 << byForm(20, 750);
+    QTest::addColumn<quint32>("seed");
+    for (int series = 1; series <= byForm(1, 4); ++series)
+        QTest::addRow("one station, series %d", series) << 1 << byForm(110, 750) << seedOf(series);
+    for (int series = 1; series <= byForm(1, 5); ++series)
+        QTest::addRow("eight stations, series %d", series) << 8 << byForm(20, 150) << seedOf(series);
 }
 
 void KillsTest::acknowledgedRowsOutliveTheKill()
 {
     QFETCH(const int, stations);
     QFETCH(const int, rounds);
+    QFETCH(const quint32, seed);
+    m_random.seed(seed);
     storetest::bringUp();
     storetest::endRun();
     const qsizetype before = m_acknowledged;
@@ -210,10 +222,20 @@ void KillsTest::acknowledgedRowsOutliveTheKill()
     QVERIFY(m_acknowledged > before);
 }
 
+void KillsTest::killedFirstStartLeavesNoHalfStore_data()
+{
+    QTest::addColumn<int>("rounds");
+    QTest::addColumn<quint32>("seed");
+    for (int series = 1; series <= byForm(1, 4); ++series)
+        QTest::addRow("series %d", series) << byForm(40, 250) << seedOf(series);
+}
+
 void KillsTest::killedFirstStartLeavesNoHalfStore()
 {
     constexpr int kMilliseconds = 400;
-    const int rounds = byForm(40, 1'000);
+    QFETCH(const int, rounds);
+    QFETCH(const quint32, seed);
+    m_random.seed(seed);
 
     for (int round = 0; round < rounds && !QTest::currentTestFailed(); ++round) {
         renewRoot();
