@@ -12,6 +12,7 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+using platform::dao::Recordset;
 using testsupport::ClientFixture;
 
 class ConsultationRecordTest : public QObject
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void clientWithoutConceptsStoresMinusOne();
     void subjectTooLongLeavesTheColumnAlone();
     void clickOnANodeShowsTheConsultation();
+    void nodeOfAConsultationThatIsGoneLeavesThePage();
     void closedConsultationMayBeReopened();
     void nullColumnLeavesTheControl();
     void positionBeyondTheListLeavesTheSelection_data();
@@ -205,6 +207,23 @@ void ConsultationRecordTest::clickOnANodeShowsTheConsultation()
     QCOMPARE(f->text(u"Text12"_s), u"pregunta"_s);
     QCOMPARE(f->text(u"Text13"_s), u"respuesta"_s);
     QCOMPARE(page()->CONSULTALEIDA, 1);
+}
+
+void ConsultationRecordTest::nodeOfAConsultationThatIsGoneLeavesThePage()
+{
+    f->addConsultation(7, u"C1"_s, u"no enciende"_s);
+    openClient();
+    Recordset others = BDASISTENCIAS.OpenRecordset(u"CONS"_s, platform::dao::dbOpenTable);
+    others.Delete();
+    f->type(u"Text11"_s, u"left over"_s);
+    const QString proposed = f->text(u"Text10"_s);
+
+    clickNode(u"A1"_s);
+
+    QVERIFY(proposed != u"0000000007"_s);
+    QCOMPARE(f->text(u"Text10"_s), proposed);
+    QCOMPARE(f->text(u"Text11"_s), u"left over"_s);
+    QCOMPARE(page()->CONSULTALEIDA, 0);
 }
 
 void ConsultationRecordTest::closedConsultationMayBeReopened()

@@ -3,6 +3,7 @@
 
 #include "assistance/consultaspage.h"
 #include "platform/window/flexgrid.h"
+#include "platform/window/icons.h"
 #include "platform/window/treeview.h"
 #include "shell/globalsat.h"
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void cleanup() { f.reset(); }
 
     void clientWithoutConsultationsShowsTheTwoRoots();
+    void nodesBearThePictureOfTheirKind();
     void consultationStandsUnderItsState_data();
     void consultationStandsUnderItsState();
     void nullStateStandsUnderBothRoots();
@@ -76,6 +78,22 @@ void ConsultationTreeTest::clientWithoutConsultationsShowsTheTwoRoots()
     QCOMPARE(tree()->nodeImage(u"B"_s), 2);
     QCOMPARE(under(0), QStringList());
     QCOMPARE(under(1), QStringList());
+}
+
+void ConsultationTreeTest::nodesBearThePictureOfTheirKind()
+{
+    f->addConsultation(1, u"C1"_s, u"tema"_s);
+    openClient();
+    const auto picture = [](const QTreeWidgetItem* node) { return node->icon(0).pixmap(16).toImage(); };
+
+    const QTreeWidgetItem* pending = tree()->topLevelItem(0);
+    const QTreeWidgetItem* closed = tree()->topLevelItem(1);
+
+    QCOMPARE(picture(pending), platform::icon(platform::Icon::FolderOpen).pixmap(16).toImage());
+    QCOMPARE(picture(closed), platform::icon(platform::Icon::FolderClosed).pixmap(16).toImage());
+    QCOMPARE(picture(pending->child(0)), platform::icon(platform::Icon::Note).pixmap(16).toImage());
+    QVERIFY(picture(pending) != picture(closed));
+    QVERIFY(!picture(pending->child(0)).isNull());
 }
 
 void ConsultationTreeTest::consultationStandsUnderItsState_data()

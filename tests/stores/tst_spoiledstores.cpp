@@ -64,12 +64,15 @@ private Q_SLOTS:
     void foreignDatabaseKeepsItsTables();
     void oldReadOnlyClientsStoreOpensAsItIs();
     void oldReadOnlyArticlesStoreOpensAsItIs();
-    void storeThatOpensAtASecondTryEndsOpen_data();
+    void storeThatWontOpenIsTriedByOneUpgradeStepOnly_data() { upgradedRows(); }
+    void storeThatWontOpenIsTriedByOneUpgradeStepOnly();
+    void storeThatOpensAtASecondTryEndsOpen_data() { upgradedRows(); }
     void storeThatOpensAtASecondTryEndsOpen();
     void lockedTableEndsTheUpgrade();
 
 private:
     static void storeRows();
+    static void upgradedRows(); ///< the stores that have upgrade steps
     [[nodiscard]] const SilentStore& store() const;
     [[nodiscard]] QString nativePath() const { return m_root->path(store().file.toString()); }
     void givenFile(const QByteArray& content) const;
@@ -99,6 +102,13 @@ void SpoiledStoresTest::storeRows()
     QTest::addColumn<int>("store");
     for (std::size_t index = 0; index < kSilentStores.size(); ++index)
         QTest::newRow(kSilentStores[index].name) << static_cast<int>(index);
+}
+
+void SpoiledStoresTest::upgradedRows()
+{
+    QTest::addColumn<int>("store");
+    QTest::newRow("articles") << 0;
+    QTest::newRow("clients") << 1;
 }
 
 const SilentStore& SpoiledStoresTest::store() const
@@ -226,11 +236,18 @@ void SpoiledStoresTest::oldReadOnlyArticlesStoreOpensAsItIs()
     QCOMPARE(RSARTICULOS.Fields().Count(), 70);
 }
 
-void SpoiledStoresTest::storeThatOpensAtASecondTryEndsOpen_data()
+// Each opening of a store that others hold waits for its locks.
+void SpoiledStoresTest::storeThatWontOpenIsTriedByOneUpgradeStepOnly()
 {
-    QTest::addColumn<int>("store");
-    QTest::newRow("articles") << 0;
-    QTest::newRow("clients") << 1;
+    store().create();
+    auto engine = std::make_shared<testsupport::FailingEngine>();
+    platform::dao::DBEngine().setStorage(engine);
+    engine->failOperation(testsupport::Operation::Open, 3050);
+
+    store().open();
+
+    QVERIFY(!store().recordset->isBound());
+    QCOMPARE(engine->count(testsupport::Operation::Open), 3); // itself, the first step, and after that step
 }
 
 void SpoiledStoresTest::storeThatOpensAtASecondTryEndsOpen()

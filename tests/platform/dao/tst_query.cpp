@@ -9,6 +9,8 @@ using namespace daotest;
 using namespace platform;
 using namespace platform::dao;
 
+using Move = void (*)(Recordset&);
+
 class QueryTest : public QObject
 {
     Q_OBJECT
@@ -32,13 +34,17 @@ private Q_SLOTS:
     void getRowsGoesOnWhereTheCursorStands();
     void getRowsLeavesRecordCount();
     void getRowsAtEofFailsWith3021();
+    void getRowsOfNoneTakesNone();
     void getRowsKeepsNulls();
     void aChangedArrayLeavesTheRecordset();
     void aCellOutsideTheArrayFailsWith9();
     void fieldsHaveAliasesAndSizes();
     void anExpressionHasNoSize();
+    void everyColumnSaysThatItTakesTheEmptyText();
     void aWholeTableDynasetCanBeEdited();
     void editingLeavesArraysTakenBefore();
+    void movingDropsAPendingEdit_data();
+    void movingDropsAPendingEdit();
     void aDynasetWithChosenColumnsFailsWith3326();
     void aSnapshotFailsWith3326();
     void addNewAndDeleteFailWith3326();
@@ -226,6 +232,16 @@ void QueryTest::getRowsAtEofFailsWith3021()
     QCOMPARE(failureOf([&] { (void)rows.GetRows(5); }), kNoCurrentRecord);
 }
 
+void QueryTest::getRowsOfNoneTakesNone()
+{
+    Recordset rows = query(u"SELECT * FROM LINEAS ORDER BY CODIGO"_s);
+
+    QCOMPARE(rows.GetRows(0).rowCount(), 0);
+    QCOMPARE(rows.GetRows(-1).rowCount(), 0);
+
+    QCOMPARE(text(rows, u"NOMBRE"), u"uno"_s);
+}
+
 void QueryTest::getRowsKeepsNulls()
 {
     Recordset rows = query(u"SELECT NOTAS FROM LINEAS"_s);
@@ -283,6 +299,14 @@ void QueryTest::anExpressionHasNoSize()
     QCOMPARE(asText(rows[0].Value()), QString());
 }
 
+void QueryTest::everyColumnSaysThatItTakesTheEmptyText()
+{
+    const Recordset rows = query(u"SELECT * FROM LINEAS"_s);
+
+    QVERIFY(rows[u"NOMBRE"].AllowZeroLength());
+    QVERIFY(!m_database.OpenRecordset(u"LINEAS"_s, dbOpenTable)[u"NOMBRE"].AllowZeroLength());
+}
+
 void QueryTest::aWholeTableDynasetCanBeEdited()
 {
     Recordset rows = query(u"SELECT LINEAS.* From LINEAS ORDER BY LINEAS.CODIGO"_s);
@@ -313,6 +337,30 @@ void QueryTest::editingLeavesArraysTakenBefore()
 
     QCOMPARE(text(rows, u"NOMBRE"), u"nuevo"_s);
     QCOMPARE(array.at(2, 0), platform::Value(u"uno"_s));
+}
+
+void QueryTest::movingDropsAPendingEdit_data()
+{
+    QTest::addColumn<Move>("move");
+
+    QTest::newRow("MoveFirst") << +[](Recordset& rows) { rows.MoveFirst(); };
+    QTest::newRow("MoveNext") << +[](Recordset& rows) { rows.MoveNext(); };
+    QTest::newRow("MoveLast") << +[](Recordset& rows) { rows.MoveLast(); };
+    QTest::newRow("GetRows") << +[](Recordset& rows) { static_cast<void>(rows.GetRows(1)); };
+}
+
+void QueryTest::movingDropsAPendingEdit()
+{
+    QFETCH(const Move, move);
+    Recordset rows = query(u"SELECT * FROM LINEAS ORDER BY CODIGO"_s);
+    rows.Edit();
+    rows[u"NOMBRE"].setValue(u"nuevo"_s);
+
+    move(rows);
+
+    QCOMPARE(failureOf([&] { rows.Update(); }), kUpdateWithoutEdit);
+    rows.MoveFirst();
+    QCOMPARE(text(rows, u"NOMBRE"), u"uno"_s);
 }
 
 void QueryTest::aDynasetWithChosenColumnsFailsWith3326()
