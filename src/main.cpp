@@ -34,6 +34,7 @@ int main(int argc, char* argv[])
     int toolkitArguments = 1;
     QApplication application(toolkitArguments, argv);
     QApplication::setApplicationName(u"Orvane"_s);
+    QApplication::setDesktopFileName(u"io.github.orvane.Orvane"_s);
     QApplication::setWindowIcon(QIcon(u":/orvane.svg"_s));
     platform::installAppearance();
     platform::installSpanishTexts();

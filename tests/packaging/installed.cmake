@@ -1,0 +1,25 @@
+cmake_minimum_required(VERSION 3.25)
+
+# Installs the build in BUILD into a new folder and holds what is there against the lines of LIST.
+set(folder ${BUILD}/installed)
+file(REMOVE_RECURSE ${folder})
+execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${folder}
+    OUTPUT_QUIET ERROR_VARIABLE said RESULT_VARIABLE result)
+if(result)
+    message(FATAL_ERROR "the installation fails: ${said}")
+endif()
+file(GLOB_RECURSE installed RELATIVE ${folder} ${folder}/*)
+file(REMOVE_RECURSE ${folder})
+# The folder of libraries has another name on each system.
+list(TRANSFORM installed REPLACE "^${LIBDIR}/" "lib/")
+file(STRINGS ${LIST} wanted)
+foreach(name IN LISTS wanted)
+    if(NOT name IN_LIST installed)
+        message(SEND_ERROR "${name} is not installed")
+    endif()
+endforeach()
+foreach(name IN LISTS installed)
+    if(NOT name IN_LIST wanted)
+        message(SEND_ERROR "${name} is installed and not on the list")
+    endif()
+endforeach()
