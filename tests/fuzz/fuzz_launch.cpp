@@ -8,10 +8,25 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 using fuzz::require;
+
+namespace {
+
+/// Blanks alone are dropped around the line; a tab is part of it.
+QString withoutBlanks(const QString& line)
+{
+    const auto isBlank = [](QChar unit) { return unit == u' '; };
+    const auto first = std::find_if_not(line.begin(), line.end(), isBlank);
+    const auto last = std::find_if_not(line.rbegin(), std::make_reverse_iterator(first), isBlank).base();
+    return QString(first, last - first);
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -26,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QString user = shell::userName(line);
     require(company.size() <= 5, "a company number has five characters at most");
     require(user.size() <= line.size(), "a user's name is part of the line");
-    require(line.trimmed().startsWith(company) && line.trimmed().endsWith(user),
-            "number and name stand in the line");
+    const QString typed = withoutBlanks(line);
+    require(typed.startsWith(company) && typed.endsWith(user), "number and name stand in the line");
     const auto fault = shell::launchFault(company, user);
     require(!fault || !fault->isEmpty(), "a refusal has words");
 
