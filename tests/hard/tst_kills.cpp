@@ -71,6 +71,18 @@ constexpr int kRoundsPerRoot = 40;
 const QStringList kFiles{u"Empresa00012/Clientes.mdb"_s, u"Empresa00012/ASISTENCIAS.MDB"_s,
                          u"TELEFONOS DE CLIENTES.MDB"_s};
 
+/// A station is killed after so many lines at most, "ready" being the first, and so long after the last of
+/// them.
+constexpr int kMostLines = 40;
+constexpr int kMostMicroseconds = 20'000;
+constexpr int kStartMicroseconds = 100'000;
+
+void waitForLines(QProcess& station, int lines)
+{
+    while (station.peek(station.bytesAvailable()).count('\n') < lines && station.waitForReadyRead()) {
+    }
+}
+
 void openStores()
 {
     ABRIRCLIENTES();
@@ -130,10 +142,14 @@ QMap<QString, QStringList> KillsTest::killedStations(int stations, int round)
         processes.push_back(std::make_unique<QProcess>());
         processes.back()->start(QStringLiteral(ORVANE_STATION), {u"write"_s, name});
     }
-    // One round in eight is killed while it still starts.
-    if (m_random.bounded(8) != 0)
-        processes.front()->waitForReadyRead();
-    QThread::usleep(static_cast<unsigned long>(m_random.bounded(100'000)));
+    // One round in eight is killed while it still starts, the others in the middle of their work, which takes
+    // its time on a busy machine.
+    if (m_random.bounded(8) != 0) {
+        waitForLines(*processes.front(), 1 + m_random.bounded(kMostLines));
+        QThread::usleep(static_cast<unsigned long>(m_random.bounded(kMostMicroseconds)));
+    } else {
+        QThread::usleep(static_cast<unsigned long>(m_random.bounded(kStartMicroseconds)));
+    }
     for (const std::unique_ptr<QProcess>& station : processes)
         station->kill();
     QMap<QString, QStringList> said;
