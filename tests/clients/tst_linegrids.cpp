@@ -45,6 +45,7 @@ private Q_SLOTS:
     void tickOfABankLineIsTheOnlyOne();
     void tickReachesTheStoreAtTheSave();
     void postalButtonShowsTheLookupAndChangesNothing();
+    void pressInAGridClearsBothFlags_data();
     void pressInAGridClearsBothFlags();
     void rightPressSetsTheFlagOfItsGrid();
     void rightPressDoesNotMoveTheCursor();
@@ -204,12 +205,21 @@ void LineGridsTest::postalButtonShowsTheLookupAndChangesNothing()
     QCOMPARE(f->tab(), 1);
 }
 
+void LineGridsTest::pressInAGridClearsBothFlags_data()
+{
+    QTest::addColumn<QString>("grid");
+
+    QTest::newRow("shipping") << u"vsFlexGrid1"_s;
+    QTest::newRow("banks") << u"vsFlexGrid2"_s;
+}
+
 void LineGridsTest::pressInAGridClearsBothFlags()
 {
+    QFETCH(const QString, grid);
     f->window().LINEAENVIOS = 1;
     f->window().LINEABANCOS = 1;
 
-    f->clickCell(u"vsFlexGrid2"_s, 1, 0);
+    f->clickCell(grid, 1, 0);
 
     QCOMPARE(f->window().LINEAENVIOS, 0);
     QCOMPARE(f->window().LINEABANCOS, 0);

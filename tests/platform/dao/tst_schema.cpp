@@ -42,6 +42,7 @@ private Q_SLOTS:
     void indexesAreListed();
     void aDoubledIndexFailsWith3284();
     void aSecondPrimaryFailsWith3283();
+    void aDefinitionInMemoryRefusesTheSameAsAStoredTable();
     void aUniqueIndexOverDuplicatesFailsWith3022();
     void aPrimaryOverNullsFailsWith3058();
     void anIndexOverAnUnknownColumnFails();
@@ -315,6 +316,23 @@ void SchemaTest::aSecondPrimaryFailsWith3283()
 
     QCOMPARE(failureOf([&] { table.Indexes().Append(second); }), kPrimaryKeyAlreadyExists);
     QCOMPARE(table.Indexes().Count(), 2);
+}
+
+void SchemaTest::aDefinitionInMemoryRefusesTheSameAsAStoredTable()
+{
+    TableDef table = lineTable(m_database, u"OTRA"_s);
+    Index second = newIndex(table, u"SEGUNDO"_s, {u"NUMERO"_s});
+    second.setPrimary(true);
+
+    QCOMPARE(failureOf([&] { table.Indexes().Append(second); }), kPrimaryKeyAlreadyExists);
+    QCOMPARE(failureOf([&] { table.Indexes().Append(newIndex(table, u"nombres"_s, {u"NOTAS"_s})); }),
+             kIndexAlreadyExists);
+    QCOMPARE(failureOf([&] { table.Fields().Append(table.CreateField(u"nombre"_s, dbText, 5)); }),
+             kFieldDefinedTwice);
+    QCOMPARE(failureOf([&] { table.Fields().Delete(u"NOMBRE"_s); }), kFieldInIndex);
+
+    QCOMPARE(table.Indexes().Count(), 2);
+    QCOMPARE(table.Fields().Count(), 4);
 }
 
 void SchemaTest::aUniqueIndexOverDuplicatesFailsWith3022()
