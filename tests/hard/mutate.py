@@ -5,7 +5,7 @@ whether a test notices.
 
     cmake --preset dev -B build/mutants -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld
     cmake --build build/mutants
-    tests/hard/mutate.py build/mutants [--count N] [--seed S] [--jobs J] [--only PART_OF_A_PATH]
+    tests/hard/mutate.py build/mutants [--count N] [--seed S] [--jobs J] [--road ROAD]
     tests/hard/mutate.py build/mutants --again OUTPUT_OF_A_FORMER_RUN
 
 The build folder must be up to date and used by no one else meanwhile; without optimisation and with a fast
@@ -16,8 +16,9 @@ library that holds the original, and those tests are run, up to the first failur
 A mutant is killed when a test fails, crashes, or takes much more of the processor than without it. Since a
 busy machine can bring a failure about, too, it must come twice, and a test that hangs must not hang without
 the mutant. What the compiler refuses is no mutant, and neither is what compiles to the same optimised code as
-the original: another one is drawn in its place. The sample is drawn from all mutants of all files alike, and
-the same seed draws the same ones.
+the original: another one is drawn in its place. Each road (data access, stores, clients, assistance) gets its
+share of the sample by the number of its mutants, and within it all mutants of all files are drawn alike; the
+same seed draws the same ones. So the roads may be run apart and added up.
 
 The includes of a library's files are compiled ahead, once. The times of the tests are kept in the build
 folder, in mutate.times.
@@ -50,9 +51,8 @@ LEAST_KILLED = 0.85
 
 # What is changed, and the folders of the tests that should notice, nearest first.
 ROADS = {
-    "dao": (["src/platform/dao"],
-            ["tests/platform/dao", "tests/support", "tests/assistance", "tests/stores"]),
-    "stores": (["src/stores"], ["tests/stores", "tests/assistance"]),
+    "dao": (["src/platform/dao"], ["tests/platform/dao", "tests/support"]),
+    "stores": (["src/stores"], ["tests/stores"]),
     "clients": (["src/clients/clientrecord.cpp", "src/clients/concepts.cpp", "src/clients/detaillines.cpp",
                  "src/clients/elplan.cpp", "src/clients/fieldrules.cpp", "src/clients/linegrids.cpp",
                  "src/clients/search.cpp"],
@@ -370,20 +370,18 @@ def try_all(trials, drawn, count, jobs):
     drawn = iter(drawn)
     real = 0
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        running = {pool.submit(trials.outcome, mutant)
-                   for mutant in (next(drawn, None) for _ in range(min(jobs, count))) if mutant}
-        while running:
+        running = set()
+        while True:
+            while len(running) < min(jobs, count - real) and (mutant := next(drawn, None)):
+                running.add(pool.submit(trials.outcome, mutant))
+            if not running:
+                return outcomes
             done, running = concurrent.futures.wait(running, return_when=concurrent.futures.FIRST_COMPLETED)
-            for future in done:
-                outcome = future.result()
+            for outcome in (future.result() for future in done):
                 outcomes.append(outcome)
                 real += outcome.kind in ("killed", "survived")
                 told = f"killed by {outcome.killer}" if outcome.killer else outcome.kind
                 print(f"{real}/{count} {told}  {outcome.mutant.place()}", flush=True)
-                mutant = next(drawn, None) if real + len(running) < count else None
-                if mutant:
-                    running.add(pool.submit(trials.outcome, mutant))
-    return outcomes
 
 
 def tell(outcomes, possible):
@@ -410,29 +408,32 @@ def main():
     parser.add_argument("--count", type=int, default=200)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=1)
-    parser.add_argument("--only", default="", help="part of the path of the sources to change")
+    parser.add_argument("--road", choices=ROADS, help="tries the share of one road only")
     parser.add_argument("--again", type=pathlib.Path, help="output of a former run, whose survivors are tried")
     options = parser.parse_args()
     os.environ |= {"QT_QPA_PLATFORM": "offscreen", "CCACHE_DISABLE": "1"}
 
-    everything = [mutant for road in ROADS for path in sources(road) if options.only in str(path)
-                  for mutant in mutants_of(path)]
-    drawn = list(everything)
-    random.Random(options.seed).shuffle(drawn)
-    count = min(options.count, len(drawn))
+    possible = {road: [mutant for path in sources(road) for mutant in mutants_of(path)] for road in ROADS}
+    total = sum(map(len, possible.values()))
+    wanted = None
     if options.again:
-        wanted = re.findall(r"(?m)^survivor: (.*)$", options.again.read_text())
-        drawn = [mutant for mutant in drawn if mutant.place() in wanted]
-        count = len(drawn)
-        if count < len(set(wanted)):
-            print(f"{len(set(wanted)) - count} survivors of the former run are no longer in the sources")
-
+        wanted = set(re.findall(r"(?m)^survivor: (.*)$", options.again.read_text()))
     trials = Trials(Build(options.build))
+    outcomes = []
     try:
-        outcomes = try_all(trials, drawn, count, options.jobs)
+        for road in [options.road] if options.road else ROADS:
+            drawn = possible[road]
+            count = round(options.count * len(drawn) / total)
+            random.Random(options.seed).shuffle(drawn)
+            if wanted is not None:
+                drawn = [mutant for mutant in drawn if mutant.place() in wanted]
+                count = len(drawn)
+            outcomes += try_all(trials, drawn, count, options.jobs)
     finally:
         trials.build.forget_includes()
-    return 0 if tell(outcomes, len(everything)) else 1
+    if wanted is not None and len(outcomes) < len(wanted):
+        print(f"{len(wanted) - len(outcomes)} survivors of the former run are no longer in the sources")
+    return 0 if tell(outcomes, total) else 1
 
 
 if __name__ == "__main__":
