@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// orvane-bench-empty: an empty main window and nothing else, the floor of a start.
+
+#include <QApplication>
+#include <QMainWindow>
+
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    QMainWindow window;
+    window.show();
+    return QApplication::exec();
+}
