@@ -26,6 +26,8 @@ private Q_SLOTS:
     void closingTheDatabaseDropsPendingEdits();
     void aFieldOfAClosedRecordsetFailsWith3420();
     void aTableDefinitionOfAClosedDatabaseFailsWith3420();
+    void anIndexOfAClosedDatabaseFailsWith3420();
+    void collectionsOfAClosedDatabaseFailWith3420();
     void aTableDefinitionDoesNotKeepItsDatabase();
     void aRecordsetKeepsItsDatabase();
     void aCopyOfAHandleMeansTheSameObject();
@@ -49,7 +51,10 @@ void HandlesTest::anUnboundDatabaseFailsWith91()
     QVERIFY(!database.isBound());
     QCOMPARE(failureOf([&] { database.Close(); }), kObjectNotSet);
     QCOMPARE(failureOf([&] { (void)database.OpenRecordset(u"LINEAS"_s, dbOpenTable); }), kObjectNotSet);
+    QCOMPARE(failureOf([&] { (void)database.Name(); }), kObjectNotSet);
     QCOMPARE(failureOf([&] { (void)database.TableDefs(); }), kObjectNotSet);
+    QCOMPARE(failureOf([&] { (void)database.CreateTableDef(u"LINEAS"_s); }), kObjectNotSet);
+    QCOMPARE(failureOf([&] { (void)database.Recordsets(); }), kObjectNotSet);
     QCOMPARE(failureOf([&] { database.Execute(u"DROP INDEX a ON b"_s); }), kObjectNotSet);
 }
 
@@ -170,6 +175,48 @@ void HandlesTest::aTableDefinitionOfAClosedDatabaseFailsWith3420()
     QCOMPARE(failureOf([&] { (void)table.Name(); }), kObjectInvalid);
     QCOMPARE(failureOf([&] { (void)table.Fields(); }), kObjectInvalid);
     QCOMPARE(failureOf([&] { (void)field.Size(); }), kObjectInvalid);
+}
+
+void HandlesTest::anIndexOfAClosedDatabaseFailsWith3420()
+{
+    Store store;
+    store.create();
+    Database database = store.open();
+    const TableDef table = database.TableDefs().Item(u"LINEAS"_s);
+    const Index index = table.Indexes().Item(0);
+    database.Close();
+
+    QCOMPARE(failureOf([&] { (void)table.Indexes(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)index.Name(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)index.Primary(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)index.Unique(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)index.Fields(); }), kObjectInvalid);
+}
+
+void HandlesTest::collectionsOfAClosedDatabaseFailWith3420()
+{
+    Store store;
+    store.create();
+    Database database = store.open();
+    const TableDef table = database.TableDefs().Item(u"LINEAS"_s);
+    const TableDefs tables = database.TableDefs();
+    Fields fields = table.Fields();
+    Indexes indexes = table.Indexes();
+    const IndexFields keyColumns = indexes.Item(0).Fields();
+    database.Close();
+
+    QCOMPARE(failureOf([&] { (void)tables.Count(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)tables.Item(u"LINEAS"_s); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)fields.Count(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)fields.Item(0); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)fields.Item(u"CODIGO"_s); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { fields.Append(Field()); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { fields.Delete(u"NOTAS"_s); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)indexes.Count(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)indexes.Item(0); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)indexes.Item(u"PRIMARIO"_s); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { indexes.Append(Index()); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)keyColumns.Count(); }), kObjectInvalid);
 }
 
 void HandlesTest::aTableDefinitionDoesNotKeepItsDatabase()

@@ -272,6 +272,12 @@ void QueryTest::aCellOutsideTheArrayFailsWith9()
     QCOMPARE(failureOf([&] { (void)array.at(0, 2); }), kSubscriptOutOfRange);
     QCOMPARE(failureOf([&] { (void)array.at(1, 0); }), kSubscriptOutOfRange);
     QCOMPARE(failureOf([&] { (void)array.at(0, -1); }), kSubscriptOutOfRange);
+    QCOMPARE(failureOf([&] { (void)array.at(-1, 0); }), kSubscriptOutOfRange);
+    RowArray changed = array;
+    QCOMPARE(failureOf([&] { changed.set(0, 2, Null{}); }), kSubscriptOutOfRange);
+    QCOMPARE(failureOf([&] { changed.set(1, 0, Null{}); }), kSubscriptOutOfRange);
+    QCOMPARE(failureOf([&] { changed.set(0, -1, Null{}); }), kSubscriptOutOfRange);
+    QCOMPARE(failureOf([&] { changed.set(-1, 0, Null{}); }), kSubscriptOutOfRange);
     QCOMPARE(RowArray().fieldCount(), 0);
 }
 

@@ -39,7 +39,11 @@ private Q_SLOTS:
     void allowZeroLengthOnANumberFailsWith3219();
     void allowZeroLengthInMemoryIsHarmless();
     void aColumnOfADefinitionHasNoValue();
+    void aColumnBelongsToOneTableOnly();
+    void columnsOfARecordsetCannotBeChanged();
     void indexesAreListed();
+    void anIndexOfAStoredTableCannotBeChanged();
+    void aDoubledKeyColumnFailsWith3191();
     void aDoubledIndexFailsWith3284();
     void aSecondPrimaryFailsWith3283();
     void aDefinitionInMemoryRefusesTheSameAsAStoredTable();
@@ -287,6 +291,32 @@ void SchemaTest::aColumnOfADefinitionHasNoValue()
     QCOMPARE(failureOf([&] { lines().Fields().Item(0).setValue(u"x"_s); }), kInvalidOperation);
 }
 
+void SchemaTest::aColumnBelongsToOneTableOnly()
+{
+    TableDef first = m_database.CreateTableDef(u"OTRA"_s);
+    TableDef second = m_database.CreateTableDef(u"TERCERA"_s);
+    const Field field = first.CreateField(u"T"_s, dbText);
+    first.Fields().Append(field);
+
+    QCOMPARE(failureOf([&] { second.Fields().Append(field); }), kInvalidOperation);
+    QCOMPARE(second.Fields().Count(), 0);
+}
+
+void SchemaTest::columnsOfARecordsetCannotBeChanged()
+{
+    const Recordset rows = m_database.OpenRecordset(u"LINEAS"_s, dbOpenTable);
+    Field name = rows[u"NOMBRE"];
+
+    QCOMPARE(failureOf([&] { rows.Fields().Append(lines().CreateField(u"T"_s, dbText)); }),
+             kInvalidOperation);
+    QCOMPARE(failureOf([&] { rows.Fields().Delete(u"NOTAS"_s); }), kInvalidOperation);
+    QCOMPARE(failureOf([&] { name.setSize(5); }), kInvalidOperation);
+    QCOMPARE(failureOf([&] { name.setAllowZeroLength(true); }), kInvalidOperation);
+
+    QCOMPARE(rows.Fields().Count(), 4);
+    QCOMPARE(name.Size(), 20);
+}
+
 void SchemaTest::indexesAreListed()
 {
     const TableDef table = lines();
@@ -298,6 +328,28 @@ void SchemaTest::indexesAreListed()
     QCOMPARE(primary.Fields().Count(), 2);
     QVERIFY(!table.Indexes().Item(u"NOMBRES"_s).Unique());
     QCOMPARE(failureOf([&] { (void)table.Indexes().Item(2); }), kItemNotInCollection);
+}
+
+void SchemaTest::anIndexOfAStoredTableCannotBeChanged()
+{
+    const TableDef table = lines();
+    Index names = table.Indexes().Item(u"NOMBRES"_s);
+
+    QCOMPARE(failureOf([&] { names.setPrimary(true); }), kInvalidOperation);
+    QCOMPARE(failureOf([&] { names.setUnique(true); }), kInvalidOperation);
+    QCOMPARE(failureOf([&] { names.Fields().Append(names.CreateField(u"NUMERO"_s)); }), kInvalidOperation);
+
+    QVERIFY(!names.Primary());
+    QVERIFY(!names.Unique());
+    QCOMPARE(names.Fields().Count(), 1);
+}
+
+void SchemaTest::aDoubledKeyColumnFailsWith3191()
+{
+    Index index = newIndex(lines(), u"OTRO"_s, {u"NUMERO"_s});
+
+    QCOMPARE(failureOf([&] { index.Fields().Append(index.CreateField(u"numero"_s)); }), kFieldDefinedTwice);
+    QCOMPARE(index.Fields().Count(), 1);
 }
 
 void SchemaTest::aDoubledIndexFailsWith3284()

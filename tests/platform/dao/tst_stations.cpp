@@ -22,11 +22,14 @@ private Q_SLOTS:
     void aRowDeletedElsewhereFailsWith3167();
     void moveNextAfterALostRowGoesToTheRowThatFollowed();
     void moveNextAfterALostRowOfAWalkGoesToTheRowThatFollowed();
+    void moveNextAfterALostBeginningOfAWalkGoesToTheRowThatFollowed();
     void aRowNumberUsedAgainDoesNotMisleadMoveNext();
+    void aLostRowsNumberUsedAgainDoesNotMisleadMoveNext();
     void aRowAddedElsewhereIsMetByTheWalk();
     void aRowAddedElsewhereIsReadWhereRowsWereReadAhead();
     void aRowDeletedElsewhereIsLeftOutOfTheWalk();
     void aRowMovedInTheOrderIsFoundAtItsNewPlace();
+    void aRowMovedBackInTheOrderIsFoundAtItsNewPlace();
     void recordCountHasTheOthersRows();
     void theFirstRecordOfAnEmptyTableIsNoticed();
     void theFirstRecordAfterAVainSeekLeavesEof();
@@ -114,10 +117,35 @@ void StationsTest::moveNextAfterALostRowOfAWalkGoesToTheRowThatFollowed()
     QCOMPARE(text(m_rows, u"NOMBRE"), u"n3"_s);
 }
 
+void StationsTest::moveNextAfterALostBeginningOfAWalkGoesToTheRowThatFollowed()
+{
+    m_rows.MoveFirst();
+    m_rows.MoveNext();
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n2"_s);
+    deleteLine(*m_other, u"a"_s, 10);
+    deleteLine(*m_other, u"a"_s, 20);
+
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n3"_s);
+}
+
 void StationsTest::aRowNumberUsedAgainDoesNotMisleadMoveNext()
 {
     m_rows.MoveLast();
     m_rows.Delete();
+    addLine(*m_other, u"0"_s, 1, u"reusada"_s);
+
+    m_rows.MoveNext();
+
+    QVERIFY(m_rows.EOF_());
+}
+
+void StationsTest::aLostRowsNumberUsedAgainDoesNotMisleadMoveNext()
+{
+    m_rows.MoveLast();
+    deleteLine(*m_other, u"a"_s, 40);
+    QCOMPARE(failureOf([&] { (void)m_rows[u"NOMBRE"].Value(); }), kRecordDeleted);
     addLine(*m_other, u"0"_s, 1, u"reusada"_s);
 
     m_rows.MoveNext();
@@ -171,6 +199,19 @@ void StationsTest::aRowMovedInTheOrderIsFoundAtItsNewPlace()
     m_rows.MoveNext();
 
     QCOMPARE(text(m_rows, u"NOMBRE"), u"n4"_s);
+}
+
+void StationsTest::aRowMovedBackInTheOrderIsFoundAtItsNewPlace()
+{
+    m_rows.setIndex(u"NOMBRES"_s);
+    m_rows.MoveFirst();
+    m_rows.MoveNext();
+    m_rows.MoveNext();
+    renameLine(*m_other, u"a"_s, 30, u"n0"_s);
+
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"n1"_s);
 }
 
 void StationsTest::recordCountHasTheOthersRows()
