@@ -29,7 +29,7 @@ mirror()
 {
     local found
     found=${ORVANE_MIRROR:-$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
-        "Codename: $RELEASE" 'Origin: Debian' 'Component: main' | head -n 1)}
+        "Codename: $RELEASE" 'Origin: Debian' 'Component: main' | sed -n 1p)}
     echo "${found:-http://deb.debian.org/debian}"
 }
 
@@ -141,7 +141,7 @@ use_program()
     version=$(dpkg-deb --field "$(echo "$target"/orvane_*.deb)" Version)
     as_desk /home/desk/root orvane 00012 ana >>"$log" 2>&1 &
     program=$!
-    window=$(timeout "$WAIT" xdotool search --sync --onlyvisible --name "Build ${version%-*}\$" | head -n 1) ||
+    window=$(timeout "$WAIT" xdotool search --sync --onlyvisible --name "Build ${version%-*}\$" | sed -n 1p) ||
         true
     [ -n "$window" ] || die "no main window; see $log"
     xdotool windowactivate --sync "$window"
