@@ -56,7 +56,7 @@ hold_contents()
 
 check()
 {
-    local target=$1 content=$1/content package
+    local target=$1 content=$1/content package page
     # Only root has to be told that lintian may run as root.
     lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$target/${name}_$version"-*.changes
     dpkg-deb --contents "$(echo "$target/${name}"_*.deb)" | hold_contents
@@ -66,7 +66,9 @@ check()
     done
     desktop-file-validate "$content"/usr/share/applications/*.desktop
     appstreamcli validate --no-net "$content"/usr/share/metainfo/*.xml
-    mandoc -T lint -W warning "$content"/usr/share/man/man1/* "$content"/usr/share/man/*/man1/*
+    for page in "$content"/usr/share/man/{,*/}man1/*; do
+        zcat "$page" | mandoc -T lint -W warning
+    done
     rm -rf "$content"
 }
 

@@ -156,7 +156,7 @@ read_pages()
     say "the manual and the pages for man are there"
     local page
     for page in {,es/}man1/{orvane,orvane-data,orvane-informe}.1.gz; do
-        mandoc -T utf8 "$root/usr/share/man/$page" | has ORVANE || die "no page $page"
+        zcat "$root/usr/share/man/$page" | mandoc -T utf8 | has '^ORVANE' || die "no page $page"
     done
     pdftotext "$root/usr/share/doc/orvane/manual.pdf" - | has 'Grabar' || die "no manual"
     has 'Grabar' <"$root/usr/share/doc/orvane/manual.html" || die "no manual"
