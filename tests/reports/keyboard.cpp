@@ -24,11 +24,21 @@ void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(keyTarget(), key, modifiers);
 }
 
+void type(const QString& text)
+{
+    for (const QChar character : text) {
+        QWidget* focused = QApplication::focusWidget();
+        if (character < QChar(0x80))
+            QTest::keyClick(focused, character.toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, focused, Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+}
+
 void typeAnew(const QString& text)
 {
     pressKey(Qt::Key_A, Qt::ControlModifier);
-    for (const QChar character : text)
-        QTest::keyClick(QApplication::focusWidget(), character.toLatin1());
+    type(text);
 }
 
 bool tabTo(const QWidget* control)

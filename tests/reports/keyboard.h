@@ -12,7 +12,9 @@ namespace reporttest {
 
 /// A key for the menu that is open, else for the control that has the focus, else for the active window.
 void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-/// Characters for the control that has the focus, in the place of what stands there.
+/// Characters for the control that has the focus, one key each.
+void type(const QString& text);
+/// The same, in the place of what stands there.
 void typeAnew(const QString& text);
 /// Presses Tab until the control has the focus; false when a hundred of them don't bring it there.
 [[nodiscard]] bool tabTo(const QWidget* control);

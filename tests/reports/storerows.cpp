@@ -21,8 +21,35 @@ struct Close
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
 
-/// The rows of a query; Null as "".
-QList<QStringList> rowsOf(const QString& file, const char* query)
+struct Concept
+{
+    double line = 0;
+    QString article;
+    qint64 cents = 0;
+};
+
+/// The concepts in force of each client, in their order.
+std::map<QString, QList<Concept>> conceptsInForce(const QString& file)
+{
+    std::map<QString, QList<Concept>> found;
+    for (const QStringList& row : storeRows(
+             file, "SELECT clientescyccliente, clientescycarticulo, clientescycfecbaja, clientescylineas, "
+                   "clientescycunidades, clientescycprecio FROM clientescyctabla")) {
+        const QString end = row[2].trimmed();
+        if (end.isEmpty() || end == u"/  /")
+            found[row[0]].append(
+                {row[3].toDouble(), row[1], std::llround(row[4].toDouble() * row[5].toDouble() * 100)});
+    }
+    for (auto& [client, concepts] : found)
+        std::sort(concepts.begin(), concepts.end(), [](const Concept& a, const Concept& b) {
+            return std::tie(a.line, a.article) < std::tie(b.line, b.article);
+        });
+    return found;
+}
+
+} // namespace
+
+QList<QStringList> storeRows(const QString& file, const char* query)
 {
     sqlite3* handle = nullptr;
     sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
@@ -42,41 +69,13 @@ QList<QStringList> rowsOf(const QString& file, const char* query)
     return rows;
 }
 
-struct Concept
-{
-    double line = 0;
-    QString article;
-    qint64 cents = 0;
-};
-
-/// The concepts in force of each client, in their order.
-std::map<QString, QList<Concept>> conceptsInForce(const QString& file)
-{
-    std::map<QString, QList<Concept>> found;
-    for (const QStringList& row :
-         rowsOf(file, "SELECT clientescyccliente, clientescycarticulo, clientescycfecbaja, clientescylineas, "
-                      "clientescycunidades, clientescycprecio FROM clientescyctabla")) {
-        const QString end = row[2].trimmed();
-        if (end.isEmpty() || end == u"/  /")
-            found[row[0]].append(
-                {row[3].toDouble(), row[1], std::llround(row[4].toDouble() * row[5].toDouble() * 100)});
-    }
-    for (auto& [client, concepts] : found)
-        std::sort(concepts.begin(), concepts.end(), [](const Concept& a, const Concept& b) {
-            return std::tie(a.line, a.article) < std::tie(b.line, b.article);
-        });
-    return found;
-}
-
-} // namespace
-
 QList<ExpectedNote> expectedNotes(const QString& companyFolder)
 {
     const QString file = QDir(companyFolder).filePath(u"Clientes.mdb"_s);
     const std::map<QString, QList<Concept>> concepts = conceptsInForce(file);
     QList<ExpectedNote> notes;
     for (const QStringList& row :
-         rowsOf(file, "SELECT CliCodigo, CliNombre, ZonaCodigo, CliCodPostal FROM ClientesTabla")) {
+         storeRows(file, "SELECT CliCodigo, CliNombre, ZonaCodigo, CliCodPostal FROM ClientesTabla")) {
         const auto own = concepts.find(row[0]);
         if (own == concepts.end())
             continue;
@@ -96,10 +95,10 @@ QList<ExpectedNote> expectedNotes(const QString& companyFolder)
 QList<ExpectedConsultation> expectedConsultations(const QString& companyFolder)
 {
     QList<ExpectedConsultation> found;
-    for (const QStringList& row : rowsOf(QDir(companyFolder).filePath(u"ASISTENCIAS.MDB"_s),
-                                         "SELECT CAST(ORDEN AS INTEGER), CLICONSULTA, FEINICIO, HOINICIO, "
-                                         "TEMA, ESTADO FROM CONS ORDER BY "
-                                         "ORDEN"))
+    for (const QStringList& row : storeRows(QDir(companyFolder).filePath(u"ASISTENCIAS.MDB"_s),
+                                            "SELECT CAST(ORDEN AS INTEGER), CLICONSULTA, FEINICIO, HOINICIO, "
+                                            "TEMA, ESTADO FROM CONS ORDER BY "
+                                            "ORDEN"))
         found.append({row[0].rightJustified(10, u'0'), row[1], row[2], row[3], row[4], row[5]});
     return found;
 }

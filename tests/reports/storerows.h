@@ -10,6 +10,9 @@
 
 namespace reporttest {
 
+/// The rows of a query over a store; Null as "". A query that fails ends the test.
+[[nodiscard]] QList<QStringList> storeRows(const QString& file, const char* query);
+
 /// What a maintenance note must say of a client.
 struct ExpectedNote
 {

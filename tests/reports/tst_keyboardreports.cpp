@@ -4,13 +4,13 @@
 // the stores.
 #include "reports/cupsserver.h"
 #include "reports/keyboard.h"
+#include "reports/programkeys.h"
 #include "reports/reportroot.h"
 #include "reports/storerows.h"
 #include "support/fixedclock.h"
 #include "support/messagerecorder.h"
 #include "tools/data/demofolder.h"
 
-#include "clients/climant.h"
 #include "platform/print/output/printers.h"
 #include "platform/window/combolist.h"
 #include "platform/window/treeview.h"
@@ -18,18 +18,14 @@
 #include "shell/stmain.h"
 #include "shell/windows.h"
 
-#include <QAction>
 #include <QDir>
-#include <QFileDialog>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QToolBar>
 
 #include <algorithm>
 #include <memory>
@@ -57,16 +53,12 @@ private Q_SLOTS:
     void monthStartsOnThePresentOne();
 
 private:
-    /// Opens "Albaranes de Revisión", types the zone, does what is to be done there and leaves by Alt+S.
+    /// Does what is to be done in "Albaranes de Revisión", with the zone in both boxes.
     void revision(const std::function<void(LISTA&)>& work);
     /// Opens "Resumen Gestión Sat" and leaves it standing.
     LISTA* summary();
-    /// Presses Alt+V; the preview that comes up, in front.
-    PreviewWindow* preview();
     /// Presses Alt+I and waits for the button to act.
     static void print(const LISTA& window);
-    /// Exports what the preview shows, by its tool and the file dialog.
-    void exportTo(PreviewWindow& preview, const QString& file);
     [[nodiscard]] QList<ExpectedNote> notesOfTheZone() const;
 
     QTemporaryDir m_folder;
@@ -82,8 +74,6 @@ private:
 };
 
 namespace {
-
-constexpr int kWait = 20000; // milliseconds
 
 /// A value that comes most often.
 QString mostFrequent(const QStringList& values)
@@ -190,14 +180,7 @@ void KeyboardReportsTest::init()
 
 void KeyboardReportsTest::cleanup()
 {
-    // The unload of one may take others with it.
-    QList<QPointer<platform::Form>> forms;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* form = qobject_cast<platform::Form*>(window))
-            forms.append(form);
-    for (const QPointer<platform::Form>& form : forms)
-        if (form)
-            form->unload();
+    unloadWindows();
     m_main.reset();
     resetProgramState();
     QVERIFY(previews().isEmpty());
@@ -213,23 +196,7 @@ QList<ExpectedNote> KeyboardReportsTest::notesOfTheZone() const
 
 void KeyboardReportsTest::revision(const std::function<void(LISTA&)>& work)
 {
-    bool left = false;
-    onceActive<LISTA>([&](LISTA& window) {
-        const QPointer<LISTA> standing = &window; // it deletes itself once it is left
-        typeAnew(m_zone);
-        if (tabTo(&control<QLineEdit>(window, "Text2")))
-            typeAnew(m_zone);
-        work(window);
-        if (turnTo(window))
-            pressKey(Qt::Key_S, Qt::AltModifier);
-        left = QTest::qWaitFor([&standing] { return standing.isNull(); });
-        if (!left)
-            window.unload(); // never wait for ever
-    });
-    pressKey(Qt::Key_L, Qt::AltModifier);
-    pressKey(Qt::Key_Down);
-    pressKey(Qt::Key_Return); // returns when the window has closed
-    QVERIFY(left);
+    QVERIFY(inRevision(m_zone, work));
 }
 
 LISTA* KeyboardReportsTest::summary()
@@ -240,17 +207,6 @@ LISTA* KeyboardReportsTest::summary()
     return QTest::qWaitFor(isUp) ? qobject_cast<LISTA*>(QApplication::activeWindow()) : nullptr;
 }
 
-PreviewWindow* KeyboardReportsTest::preview()
-{
-    const QList<PreviewWindow*> before = previews();
-    pressKey(Qt::Key_V, Qt::AltModifier);
-    static_cast<void>(QTest::qWaitFor([&before] { return previews().size() > before.size(); }, kWait));
-    for (PreviewWindow* window : previews())
-        if (!before.contains(window) && turnTo(*window))
-            return window;
-    return nullptr;
-}
-
 void KeyboardReportsTest::print(const LISTA& window)
 {
     QSignalSpy acts(&control<QPushButton>(window, "Command2"), &QPushButton::clicked);
@@ -258,31 +214,11 @@ void KeyboardReportsTest::print(const LISTA& window)
     acts.wait();
 }
 
-void KeyboardReportsTest::exportTo(PreviewWindow& preview, const QString& file)
-{
-    if (!turnTo(preview))
-        return;
-    const auto* tool = preview.findChild<QAction*>(u"exportar"_s);
-    if (!tabTo(preview.findChild<QToolBar*>()->widgetForAction(const_cast<QAction*>(tool)))) // NOLINT
-        return;
-    onceActive<QFileDialog>([&file](QFileDialog& dialog) {
-        typeAnew(file);
-        if (QApplication::activePopupWidget() != nullptr)
-            pressKey(Qt::Key_Escape); // the names that it offers
-        pressKey(Qt::Key_Return);
-        if (dialog.isVisible())
-            dialog.reject(); // never wait for ever
-    });
-    pressKey(Qt::Key_Space); // returns when the dialog has closed
-    // The file takes its name when it is whole.
-    static_cast<void>(QTest::qWaitFor([&file] { return QFile::exists(file); }, kWait));
-}
-
 void KeyboardReportsTest::zoneIsPreviewedWithItsNotesAndNoOther()
 {
     QStringList pages;
 
-    revision([&](LISTA&) { pages = pagesOf(preview()); });
+    revision([&](LISTA&) { pages = pagesOf(openPreview()); });
 
     compareNotes(pages, notesOfTheZone());
 }
@@ -300,7 +236,7 @@ void KeyboardReportsTest::zoneIsPrintedTwiceInThreeCollatedCopies()
     });
 
     QVERIFY(found);
-    QTRY_COMPARE_WITH_TIMEOUT(m_cups->jobs().size(), former + 2, kWait);
+    QTRY_COMPARE_WITH_TIMEOUT(m_cups->jobs().size(), former + 2, kPatience);
     for (const SpooledJob& job : m_cups->jobs().sliced(former)) {
         QVERIFY(job.isFor("Oficina"));
         QVERIFY(job.hasNumber("copies", 3));
@@ -314,7 +250,7 @@ void KeyboardReportsTest::zoneIsExportedWithItsNotesAndNoOther()
     const QString file = m_folder.filePath(u"albaranes.pdf"_s);
 
     revision([&](LISTA&) {
-        if (PreviewWindow* shown = preview())
+        if (PreviewWindow* shown = openPreview())
             exportTo(*shown, file);
     });
 
@@ -336,7 +272,7 @@ void KeyboardReportsTest::printerIsChosenByEnter()
     QCOMPARE(m_messages.texts(), QStringList{u"HA CAMBIADO LA SELECCION DE SU IMPRESORA\r"
                                              "Quenda ha instalado su impresora predeterminada en:\r"
                                              "Impresora: Taller\r"_s});
-    QTRY_COMPARE_WITH_TIMEOUT(m_cups->jobs().size(), former + 1, kWait);
+    QTRY_COMPARE_WITH_TIMEOUT(m_cups->jobs().size(), former + 1, kPatience);
     QVERIFY(m_cups->jobs().last().isFor("Taller"));
 }
 
@@ -347,21 +283,17 @@ void KeyboardReportsTest::monthIsExportedBesideTheClientWindow()
     QVERIFY(window != nullptr);
     QVERIFY(tabTo(&control<platform::ComboList>(*window, "Combo2")));
     chooseListEntry(m_month.toInt() - 1);
-    PreviewWindow* shown = preview();
+    PreviewWindow* shown = openPreview();
     QVERIFY(shown != nullptr);
     QString client;
     QVERIFY(turnTo(*m_main));
 
-    onceActive<climant>([&](climant& clients) {
+    QVERIFY(inClients([&](climant& clients) {
         typeAnew(u"1"_s);
         pressKey(Qt::Key_Tab);
         client = clients.findChild<QLineEdit*>(u"Text51"_s)->text();
         exportTo(*shown, file);
-        if (turnTo(clients))
-            clients.unload();
-    });
-    pressKey(Qt::Key_A, Qt::AltModifier);
-    pressKey(Qt::Key_F); // returns when the client window has closed
+    }));
 
     QVERIFY(!client.isEmpty());
     const QString text = pdfText(file);
