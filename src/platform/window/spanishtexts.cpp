@@ -33,6 +33,9 @@ constexpr std::array kTexts{
     // The packaged text lacks a letter.
     Text{"QFileDialog", "Go to the parent directory", u"Ir al directorio superior"},
 
+    // Its letter is that of another entry of the same menu.
+    Text{"QAbstractSpinBox", "Step &down", u"Dis&minuir"},
+
     // What a print server asks that wants to know who prints.
     Text{"QCupsPrinterSupport", "Authentication Needed", u"Identificación"},
     Text{"QCupsPrinterSupport", "Authentication needed to use %1 on %2.",
