@@ -7,6 +7,7 @@
 #include "platform/print/output/printers.h"
 #include "platform/print/problem.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -37,6 +38,15 @@ public:
 protected:
     bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
 };
+
+/// The lists that the combos of a dialog drop bear the name of their combo's label.
+void nameLists(const QDialog& dialog)
+{
+    for (const auto* label : dialog.findChildren<QLabel*>()) {
+        if (const auto* combo = qobject_cast<QComboBox*>(label->buddy()))
+            combo->view()->setAccessibleName(label->text().remove(u'&'));
+    }
+}
 
 } // namespace
 
@@ -241,10 +251,12 @@ void PreviewWindow::choosePrinter()
 
 void PreviewWindow::chooseExport()
 {
-    const QString path = QFileDialog::getSaveFileName(this, u"Exportar"_s, windowTitle() + u".pdf"_s,
-                                                      u"PDF (*.pdf);;CSV (*.csv)"_s);
-    if (!path.isEmpty())
-        exportTo(path);
+    QFileDialog dialog(this, u"Exportar"_s, QString(), u"PDF (*.pdf);;CSV (*.csv)"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(windowTitle() + u".pdf"_s);
+    nameLists(dialog);
+    if (dialog.exec() == QDialog::Accepted)
+        exportTo(dialog.selectedFiles().constFirst());
 }
 
 bool PreviewWindow::exportTo(const QString& path)
