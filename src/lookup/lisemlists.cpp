@@ -95,11 +95,19 @@ void LISEM::LEERLISTA()
         const lookup::FullList list = lookup::fullList(request());
         ULTIMAFILA = CARGAREJILLA(*ui->busi, baseOf(list.store), list.sql, kSearchColumn);
         if (lookup::listsArticles(TIPOBUSQUEDA))
-            ui->Label1->hide(); // the switch of obsolete articles is off
+            leaveTheTickAlone();
         writeCaption(list.caption);
         m_columns->fit();
     }
     attempt([&] { platform::setMousePointer(this, platform::kDefaultPointer); });
+}
+
+/// Without the switch of obsolete articles, which is off, the tick only loads the list anew.
+void LISEM::leaveTheTickAlone()
+{
+    ui->Label1->hide();
+    ui->Check1->setAccessibleName(u"Volver a cargar la lista"_s);
+    ui->Check1->setToolTip(ui->Check1->accessibleName());
 }
 
 void LISEM::writeCaption(QStringView caption)

@@ -59,6 +59,7 @@ private:
     // lisemlists.cpp
     void showFirstClients();
     void refresh(const DataControl& datos);
+    void leaveTheTickAlone();
     void writeCaption(QStringView caption);
     void searchTyped();
     void showFound(platform::dao::Recordset& found);

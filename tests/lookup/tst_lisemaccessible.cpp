@@ -2,6 +2,7 @@
 #include "lookup/lookupfixture.h"
 
 #include <QAccessible>
+#include <QCheckBox>
 #include <QtTest>
 
 #include <optional>
@@ -40,6 +41,8 @@ private Q_SLOTS:
     void emptyListHasNoCells();
     void cellOfAListThatWasReplacedIsInvalid();
     void listClosedWhileItIsReadIsGone();
+    void tickSaysWhatItDoesToTheList_data();
+    void tickSaysWhatItDoesToTheList();
 
 private:
     QAccessibleInterface* list();
@@ -118,6 +121,26 @@ void LisemAccessibleTest::listClosedWhileItIsReadIsGone()
         const QAccessibleInterface* left = QAccessible::accessibleInterface(id);
         QVERIFY(!left || !left->isValid());
     }
+}
+
+void LisemAccessibleTest::tickSaysWhatItDoesToTheList_data()
+{
+    QTest::addColumn<double>("kind");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("clients") << 20.0 << u"Ordenar por número"_s;
+    QTest::newRow("articles, without a label beside it") << 11.0 << u"Volver a cargar la lista"_s;
+}
+
+void LisemAccessibleTest::tickSaysWhatItDoesToTheList()
+{
+    QFETCH(const double, kind);
+    QFETCH(const QString, name);
+
+    f->open(kind);
+
+    QAccessibleInterface* tick = QAccessible::queryAccessibleInterface(&f->control<QCheckBox>("Check1"));
+    QTRY_COMPARE(tick->text(QAccessible::Name), name);
 }
 
 QTEST_MAIN(LisemAccessibleTest)
