@@ -9,6 +9,7 @@ from screen import Grid, actions, has_state, keeps_rows
 # What each kind of control must be able to do by itself.
 ACTIONS = {
     "push button": "Press",
+    "menu item": "Press",
     "check box": "Toggle",
     "page tab": "Press",
     "text": "SetFocus",
@@ -57,14 +58,15 @@ def faults_of(node):
             found.append(f"{about} isn't called what it is")
     if "&" in name:
         found.append(f"{about} shows the mark of its key")
-    wanted = ACTIONS.get(role)
+    wanted = "ShowMenu" if role == "menu item" and node.childCount else ACTIONS.get(role)
     if wanted and has_state(node, pyatspi.STATE_SENSITIVE) and wanted not in actions(node):
         found.append(f"{about} lacks the action {wanted}")
     if role == "table":
         found += grid_faults(about, Grid(node))
     elif role == "tree":
-        found += [f"{about} has a node without a name" for child in children(node)
-                  if child.getRoleName() == "table cell" and not child.name]
+        columns = max(1, node.queryTable().nColumns)  # those behind the first may be empty
+        found += [f"{about} has a node without a name" for place, child in enumerate(children(node))
+                  if child.getRoleName() == "table cell" and place % columns == 0 and not child.name]
     return found
 
 

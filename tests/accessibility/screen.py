@@ -149,16 +149,18 @@ class Grid:
 
 
 class FocusLog:
-    """What a screen reader says as the focus moves: the names of the objects that got it, in order."""
+    """What a screen reader says as the focus moves: the objects that got it, and their names, in order."""
 
     def __init__(self):
         self.names = []
+        self.objects = []
         pyatspi.Registry.registerEventListener(self.note, "object:state-changed:focused")
 
     def note(self, event):
         if event.detail1:
             try:
                 self.names.append(event.source.name)
+                self.objects.append(event.source)
             except GLib.Error:
                 pass  # gone before it could be read
 
@@ -214,6 +216,19 @@ class Program:
                          if window.name.strip().startswith(title) and has_state(window, pyatspi.STATE_ACTIVE)),
                         None)
         return eventually(look, f"active window «{title}»")
+
+    def dialog(self):
+        """The box or dialog that has the keyboard, once one has."""
+        def look():
+            self.require_alive()
+            return next((window for window in self.windows()
+                         if window.getRoleName() in ("dialog", "alert") and has_state(window, pyatspi.STATE_ACTIVE)),
+                        None)
+        return eventually(look, "active dialog")
+
+    def await_end(self, window):
+        eventually(lambda: is_gone(window), "end of the window")
+        self.require_alive()
 
     def await_gone(self, title):
         eventually(lambda: not any(window.name.strip().startswith(title) for window in self.windows()),

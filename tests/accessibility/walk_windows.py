@@ -15,8 +15,8 @@ from pathlib import Path
 
 import pyatspi
 
-from rules import faults, in_view
-from screen import FocusLog, Grid, Program, act, eventually, find, has_state, key, type_text
+from rules import faults, faults_of, in_view
+from screen import FocusLog, Grid, Program, act, eventually, find, has_state, key, type_text, walk
 
 MAIN = {("menu item", "Archivo"), ("menu item", "Listados"), ("tool bar", "Herramientas"),
         ("push button", "Fichas de clientes"), ("push button", "Mensajería Interna")}
@@ -41,6 +41,10 @@ REPORT = {("tool bar", "Impresión"), ("text", "Selección desde"), ("text", "Se
           ("push button", "Buscar el primero"), ("push button", "Buscar el último"), ("tree", "Impresoras"),
           ("push button", "Visualizar"), ("push button", "Imprimir"), ("push button", "Enviar"),
           ("push button", "Salir")}
+EXPORT = {("text", "Nombre de fichero:"), ("combo box", "Ficheros de tipo:"), ("push button", "Guardar"),
+          ("push button", "Cancelar"), ("push button", "Directorio superior")}
+MENUS = {"Archivo": ["Fichas de Clientes", "Salir"],
+         "Listados": ["Resumen Gestión Sat", "Albaranes de Revisión"]}
 PREVIEW = {("tool bar", "Herramientas"), ("push button", "Página siguiente"), ("push button", "Última página"),
            ("spin button", "Ir a la página")}
 
@@ -49,9 +53,9 @@ class WindowsWalk(unittest.TestCase):
     def setUp(self):
         folder = tempfile.mkdtemp(prefix="orvane-a11y-data.")
         self.addCleanup(shutil.rmtree, folder)
-        root = Path(folder, "data")
-        subprocess.run([DATA_TOOL, "demo", root], check=True, stdout=subprocess.DEVNULL)
-        self.program = Program(PROGRAM, root, "00012", "ana")
+        self.root = Path(folder, "data")
+        subprocess.run([DATA_TOOL, "demo", self.root], check=True, stdout=subprocess.DEVNULL)
+        self.program = Program(PROGRAM, self.root, "00012", "ana")
         self.addCleanup(self.program.stop)
         self.main = self.program.window("Orvane")
 
@@ -137,6 +141,128 @@ class WindowsWalk(unittest.TestCase):
                          if ("spin button", "Ir a la página") in
                          {(node.getRoleName(), node.name) for node in in_view(window)}), None)
         return eventually(look, "the preview")
+
+    # --- message boxes, menus and dialogs
+
+    def test_message_box(self):
+        window = self.open_client()
+        self.give_focus(find(window, "text", "Telef."))
+        type_text("699000000")
+        key("Return")
+
+        box = self.program.dialog()
+        self.assert_sound(box, {("label", "El clientes a buscar no existe en la base de datos"),
+                                ("push button", "Aceptar")})
+        self.assertTrue(box.name.strip())
+        act(find(box, "push button", "Aceptar"), "Press")
+
+        self.program.await_end(box)
+
+    def test_menus_of_the_main_window(self):
+        for menu, entries in MENUS.items():
+            with self.subTest(menu):
+                bar_entry = find(self.main, "menu item", menu)
+                self.assertEqual(faults(bar_entry), [])
+                there = [node for node in walk(bar_entry) if node.getRoleName() == "menu item" and node.name]
+                self.assertEqual([node.name for node in there if node.name != menu], entries)
+                for node in there:
+                    self.assertEqual(faults_of(node), [])
+
+    def test_menu_of_the_main_window_is_heard_by_its_keys(self):
+        focus = self.listen()
+
+        key("alt+l")
+        self.hear(focus, MENUS["Listados"], self.main)
+
+    def test_line_menu(self):
+        window = self.open_known_client()
+        self.turn_to(window, "Adicionales")
+        self.give_focus(find(window, "table", "Direcciones de envío"))
+        focus = self.listen()
+
+        key("shift+F10")
+        self.hear(focus, ["Eliminar Linea", "Cancelar"], window)
+
+    def test_context_menus_of_texts(self):
+        window = self.open_known_client()
+        self.turn_to(window, "Consultas")
+        for label in ("Nombre", "Consulta"):
+            with self.subTest(label):
+                field = self.give_focus(find(window, "text", label))
+                type_text("x")
+                key("ctrl+a")
+                focus = self.listen()
+
+                key("Menu")
+                self.hear(focus, ["Deshacer", "Cortar", "Copiar", "Borrar"], window)
+                self.give_focus(field)
+
+    def test_export_dialog(self):
+        window = self.open_report("Albaranes de Revisión")
+        act(find(window, "push button", "Visualizar"), "Press")
+        preview = self.preview()
+
+        act(find(preview, "push button", "Exportar"), "Press")
+
+        dialog = self.program.dialog()
+        self.assertEqual(dialog.name, "Exportar")
+        self.assert_sound(dialog, EXPORT)
+        act(find(dialog, "push button", "Cancelar"), "Press")
+        self.program.await_end(dialog)
+
+    def give_focus(self, node):
+        node.queryComponent().grabFocus()
+        eventually(lambda: has_state(node, pyatspi.STATE_FOCUSED), f"keyboard in «{node.name}»")
+        return node
+
+    def listen(self):
+        focus = FocusLog()
+        self.addCleanup(focus.close)
+        return focus
+
+    def hear(self, focus, entries, window):
+        """Walks down the menu that is up: its entries in order, each sound, then leaves it."""
+        heard = {}
+        for entry in entries:
+            # The first may be marked already.
+            if entry not in heard and (heard or entry not in self.heard_by(focus)):
+                key("Down")
+            eventually(lambda: entry in self.heard_by(focus), f"entry «{entry}»")
+            heard = self.heard_by(focus)
+            self.assertEqual(heard[entry].getRoleName(), "menu item")
+            self.assertEqual(faults_of(heard[entry]), [])
+        self.assertEqual([name for name in heard if name in entries], entries)
+        key("Escape")
+        eventually(lambda: has_state(window, pyatspi.STATE_ACTIVE), "the window in front")
+
+    @staticmethod
+    def heard_by(focus):
+        """The objects that got the focus, by the name that they begin with: a menu's entry goes on with its key."""
+        return {name.partition("\t")[0]: node for name, node in zip(focus.names, focus.objects)}
+
+    # --- the command line
+
+    def test_user_of_the_command_line_in_a_new_consultation(self):
+        user = "Begoña Žižek €"
+        self.program = Program(PROGRAM, self.root, "00012", *user.split())
+        self.addCleanup(self.program.stop)
+        self.main = self.program.window("Orvane")
+        window = self.open_known_client()
+        self.turn_to(window, "Consultas")
+
+        grid = Grid(find(window, "table", "Datos de la consulta"))
+
+        self.assertEqual(grid.texts(0)[grid.headings.index("Técnico")], user)
+
+    def test_tick_of_the_articles_says_what_it_does(self):
+        window = self.open_known_client()
+        self.turn_to(window, "Conceptos Períodicos")
+        grid = Grid(find(window, "table", "Conceptos periódicos"))
+        act(grid.cell(0, grid.headings.index("Artículo")), "Press")
+
+        lookup = self.program.window("Búsqueda")
+        find(lookup, "check box", "Volver a cargar la lista")
+        self.assertEqual(faults(lookup), [])
 
     # --- actions
 
