@@ -100,6 +100,8 @@ void WaitingLineTest::orderIsThatOfComing()
     auto front = std::make_unique<Place>(first.sidecar.line());
     std::vector<std::unique_ptr<Patient>> stations;
     std::vector<std::unique_ptr<Place>> places;
+    stations.reserve(kStations);
+    places.reserve(kStations);
     for (int number = 0; number < kStations; ++number) {
         stations.push_back(std::make_unique<Patient>(folder));
         places.push_back(std::make_unique<Place>(stations.back()->sidecar.line()));
@@ -107,6 +109,7 @@ void WaitingLineTest::orderIsThatOfComing()
     std::mutex mutex;
     QList<int> order;
     std::vector<std::thread> threads;
+    threads.reserve(kStations);
 
     // Who came last is the first to run.
     for (int number = kStations - 1; number >= 0; --number) {
