@@ -21,6 +21,8 @@ private Q_SLOTS:
     void aTableOpensOnItsFirstRecord();
     void orderBeforeAnyIndexIsThePrimaryOne();
     void indexGivesItsOrder();
+    void anotherIndexGivesAnotherOrderToTheNextWalk();
+    void aSeekAfterAWalkGoesOnFromTheRowSought();
     void indexIsEmptyBeforeItIsSet();
     void indexNamesIgnoreCase();
     void settingAnIndexMakesTheFirstRecordCurrent();
@@ -131,6 +133,30 @@ void PositionTest::indexGivesItsOrder()
 
     QCOMPARE(m_rows.Index(), u"NOMBRES"_s);
     QCOMPARE(walk(m_rows), (QStringList{u"c"_s, u"z"_s}));
+}
+
+void PositionTest::anotherIndexGivesAnotherOrderToTheNextWalk()
+{
+    addLine(m_rows, u"a"_s, 1, u"z"_s);
+    addLine(m_rows, u"b"_s, 1, u"c"_s);
+    m_rows.setIndex(u"PRIMARIO"_s);
+    QCOMPARE(walk(m_rows), (QStringList{u"z"_s, u"c"_s}));
+
+    m_rows.setIndex(u"NOMBRES"_s);
+
+    QCOMPARE(walk(m_rows), (QStringList{u"c"_s, u"z"_s}));
+}
+
+void PositionTest::aSeekAfterAWalkGoesOnFromTheRowSought()
+{
+    addThree();
+    m_rows.setIndex(u"NOMBRES"_s);
+    QCOMPARE(walk(m_rows).size(), 3);
+
+    m_rows.Seek(u"=", u"alfa"_s);
+    m_rows.MoveNext();
+
+    QCOMPARE(text(m_rows, u"NOMBRE"), u"media"_s);
 }
 
 void PositionTest::indexIsEmptyBeforeItIsSet()
