@@ -358,7 +358,8 @@ void SlicesTest::damageMetWhileReadingShowsNoPage()
     QVERIFY(file.open(QIODevice::ReadWrite));
     // Past what the start looks at: leaves of the table in the middle of the file.
     QVERIFY(file.seek(file.size() / 8192 * 4096));
-    QCOMPARE(file.write(QByteArray(16 * 4096, '\xff')), qint64(16 * 4096));
+    constexpr qint64 kDamage = 65536;
+    QCOMPARE(file.write(QByteArray(kDamage, '\xff')), kDamage);
     file.close();
     const PEJob job = givenReading();
 

@@ -34,6 +34,8 @@ bool isFileLock(int command)
 
 } // namespace
 
+// The linker (`--wrap`) leads the calls here, by names that it forms.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 int __real_fcntl(int descriptor, int command, ...);
@@ -69,6 +71,7 @@ int __wrap_fcntl64(int descriptor, int command, ...)
     return __wrap_fcntl(descriptor, command, argument);
 }
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 class LockTrialTest : public QObject
 {

@@ -224,9 +224,9 @@ void OpenFileTest::zeroedTableIsRefused()
 {
     const StoreFolder folder;
     static_cast<void>(folder.createClients());
-    const int root = RawSqlite(folder.path())
-                         .value("SELECT rootpage FROM sqlite_master WHERE name = 'CLIENTES.PorNombre'")
-                         .toInt();
+    const qint64 root = RawSqlite(folder.path())
+                            .value("SELECT rootpage FROM sqlite_master WHERE name = 'CLIENTES.PorNombre'")
+                            .toLongLong();
     QFile file(folder.path());
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.seek((root - 1) * 4096));
