@@ -25,6 +25,7 @@ private Q_SLOTS:
     void closingTheDatabaseClosesItsRecordsets();
     void closingTheDatabaseDropsPendingEdits();
     void aFieldOfAClosedRecordsetFailsWith3420();
+    void aFieldOfARecordsetOutOfScopeFailsWith3420();
     void aTableDefinitionOfAClosedDatabaseFailsWith3420();
     void anIndexOfAClosedDatabaseFailsWith3420();
     void collectionsOfAClosedDatabaseFailWith3420();
@@ -161,6 +162,18 @@ void HandlesTest::aFieldOfAClosedRecordsetFailsWith3420()
     QCOMPARE(failureOf([&] { (void)field.Value(); }), kObjectInvalid);
     rows = {};
     QCOMPARE(failureOf([&] { (void)field.Name(); }), kObjectInvalid);
+}
+
+void HandlesTest::aFieldOfARecordsetOutOfScopeFailsWith3420()
+{
+    Store store;
+    store.create();
+    const Database database = store.open();
+
+    const Field field = database.OpenRecordset(u"LINEAS"_s, dbOpenTable)[u"NOMBRE"];
+
+    QCOMPARE(failureOf([&] { (void)field.Name(); }), kObjectInvalid);
+    QCOMPARE(failureOf([&] { (void)field.Value(); }), kObjectInvalid);
 }
 
 void HandlesTest::aTableDefinitionOfAClosedDatabaseFailsWith3420()
