@@ -131,7 +131,7 @@ int load(const QString& name, int seconds)
     int rows = 0;
     int failures = 0;
     qint64 worst = 0;
-    while (running.elapsed() < seconds * 1000) {
+    while (running.elapsed() < qint64{seconds} * 1000) {
         const QString key = keyOf(name, rows + 1);
         timed(worst, failures, [&] {
             addClient(key);
