@@ -69,9 +69,12 @@ Letters lettersOf(const QWidget& window)
     for (const auto* bar : window.findChildren<QMenuBar*>())
         for (const QAction* menu : bar->actions())
             add(letters, QKeySequence::mnemonic(menu->text()), menu->text());
-    for (const auto* shortcut : window.findChildren<QShortcut*>())
-        if (shortcut->isEnabled() && shortcut->context() == Qt::WindowShortcut)
+    for (const auto* shortcut : window.findChildren<QShortcut*>()) {
+        const auto* owner = qobject_cast<QWidget*>(shortcut->parent());
+        const bool isReachable = owner == nullptr || owner->isVisible();
+        if (isReachable && shortcut->isEnabled() && shortcut->context() == Qt::WindowShortcut)
             add(letters, shortcut->key(), shortcut->parent()->objectName());
+    }
     return letters;
 }
 
