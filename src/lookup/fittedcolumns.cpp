@@ -2,6 +2,7 @@
 #include "lookup/fittedcolumns.h"
 
 #include "platform/window/flexgrid.h"
+#include "platform/window/spacing.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -13,7 +14,6 @@ namespace lookup {
 namespace {
 
 constexpr int kNarrowTwips = 1000;
-constexpr int kCellPadding = 12;
 constexpr int kLeastPixels = 40;
 /// What a narrow column must show whole: a code of ten digits.
 constexpr QStringView kCode = u"0000000000";
@@ -48,7 +48,7 @@ int FittedColumns::narrowPixels(int col) const
     if (m_grid->column(col).kind == platform::CellKind::Boolean)
         return m_grid->columnWidth(col);
     const int heading = m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(m_grid->heading(col));
-    return std::max(m_grid->fontMetrics().horizontalAdvance(kCode.toString()), heading) + kCellPadding;
+    return std::max(m_grid->fontMetrics().horizontalAdvance(kCode.toString()), heading) + platform::kCellInset;
 }
 
 void FittedColumns::fit()

@@ -2,18 +2,13 @@
 #include "lookup/logo.h"
 
 #include "platform/window/imagelabel.h"
+#include "platform/window/spacing.h"
 
 #include <QCoreApplication>
 #include <QIcon>
 #include <QVersionNumber>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int kPicturePixels = 32;
-
-} // namespace
 
 QString versionHint()
 {
@@ -25,5 +20,5 @@ QString versionHint()
 
 void showPicture(platform::ImageLabel& label, platform::Icon picture)
 {
-    label.setPixmap(platform::icon(picture).pixmap(kPicturePixels, kPicturePixels));
+    label.setPixmap(platform::icon(picture).pixmap(platform::kLogoPicture, platform::kLogoPicture));
 }

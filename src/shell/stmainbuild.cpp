@@ -4,19 +4,13 @@
 
 #include "platform/window/handlers.h"
 #include "platform/window/icons.h"
+#include "platform/window/spacing.h"
 #include "shell/stmain.h"
 #include "ui_stmain.h"
 
 #include <QLabel>
-#include <QPalette>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int kCaptionMargin = 6;
-
-} // namespace
 
 void STMAIN::buildToolBar()
 {
@@ -40,13 +34,8 @@ platform::ComboList* STMAIN::addCombo(const QString& name, const QString& label,
     combo->setToolTip(hint);
     combo->setAccessibleName(hint);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    // Disabled from the start on, but what they show is to be read.
-    QPalette palette = combo->palette();
-    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
-        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
-    combo->setPalette(palette);
     caption->setBuddy(combo);
-    caption->setContentsMargins(kCaptionMargin, 0, kCaptionMargin, 0);
+    caption->setContentsMargins(platform::kGap, 0, platform::kGap, 0);
     ui->barrasup->addWidget(caption);
     ui->barrasup->addWidget(combo);
     return combo;

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/appearance.h"
 
-#include "platform/window/focusstyle.h"
+#include "platform/window/colours.h"
+#include "platform/window/programstyle.h"
 
 #include <QApplication>
-#include <QPalette>
+#include <QIcon>
 #include <QStandardPaths>
 
 namespace platform {
 
 namespace {
-
-constexpr int kMiddleLightness = 128;
-constexpr float kDisabledInk = 0.65F;
 
 /// The folders of packaged icon themes, where the window system doesn't name them by itself.
 void addIconFolders()
@@ -24,31 +22,24 @@ void addIconFolders()
     QIcon::setThemeSearchPaths(folders);
 }
 
-/// A disabled field is still there to be read.
-void makeDisabledTextReadable()
+/// The theme whose ink shows on the palette's grounds. Where it isn't there the icons are drawn: those of the
+/// other one would hardly be seen.
+void chooseIconTheme(const QPalette& palette)
 {
-    QPalette palette = QApplication::palette();
-    QColor ink = palette.color(QPalette::Active, QPalette::Text);
-    ink.setAlphaF(kDisabledInk);
-    palette.setColor(QPalette::Disabled, QPalette::Text, ink);
-    QApplication::setPalette(palette);
-}
-
-bool isDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Window).lightness() < kMiddleLightness;
+    const QString theme = isDark(palette) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+    QIcon::setThemeName(theme);
+    QIcon::setFallbackThemeName(theme);
 }
 
 } // namespace
 
 void installAppearance()
 {
-    QApplication::setStyle(new FocusStyle);
-    makeDisabledTextReadable();
+    QApplication::setStyle(new ProgramStyle);
+    // The style has done this to the desktop's palette; one that the program was given needs it too.
+    QApplication::setPalette(readable(QApplication::palette()));
     addIconFolders();
-    QIcon::setThemeName(isDark(QApplication::palette()) ? QStringLiteral("breeze-dark")
-                                                        : QStringLiteral("breeze"));
-    QIcon::setFallbackThemeName(QStringLiteral("breeze"));
+    chooseIconTheme(QApplication::palette());
 }
 
 } // namespace platform

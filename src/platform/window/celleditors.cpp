@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/celleditors.h"
 
+#include "platform/window/spacing.h"
+
 #include <QAbstractItemView>
 
 #include <utility>
 
 namespace platform {
-
-namespace {
-
-constexpr int kPopupMargin = 30;
-
-} // namespace
 
 CellCombo::CellCombo(const CellList& list, int maxLength, QWidget* parent)
     : QComboBox(parent)
@@ -57,7 +53,8 @@ void CellCombo::showPopup()
 {
     // The cell may be far narrower than the texts of its list.
     view()->setAccessibleName(accessibleName());
-    view()->setMinimumWidth(view()->sizeHintForColumn(0) + kPopupMargin);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
+                            kCellInset);
     m_droppedDown = true;
     QComboBox::showPopup();
 }

@@ -2,6 +2,7 @@
 #include "platform/window/flexdelegate.h"
 
 #include "platform/window/celleditors.h"
+#include "platform/window/colours.h"
 #include "platform/window/flexgrid.h"
 
 #include <QApplication>
@@ -16,17 +17,7 @@ namespace platform {
 
 namespace {
 
-constexpr int kButtonWidth = 16;
-constexpr int kRowTintPercent = 10;
 constexpr int kCursorWidth = 2;
-constexpr int kQuietPercent = 35;
-
-QColor mixed(const QColor& ground, const QColor& tint, int percent)
-{
-    const auto part = [percent](int from, int to) { return from + (to - from) * percent / 100; };
-    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()),
-            part(ground.blue(), tint.blue())};
-}
 
 bool movesLine(const QKeyEvent& event)
 {
@@ -66,7 +57,7 @@ QRect FlexDelegate::tickRect(const QRect& cell) const
 
 QRect FlexDelegate::buttonRect(const QRect& cell)
 {
-    const int width = std::min(kButtonWidth, cell.width() / 3);
+    const int width = std::min(cell.height(), cell.width() / 3);
     return {cell.right() - width + 1, cell.top(), width, cell.height()};
 }
 
@@ -129,8 +120,7 @@ void FlexDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     cell.state.setFlag(QStyle::State_Selected, isCursorRow && !m_grid->isEditable());
     cell.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
     if (isCursorRow && m_grid->isEditable())
-        cell.backgroundBrush =
-            mixed(cell.palette.base().color(), cell.palette.highlight().color(), kRowTintPercent);
+        cell.backgroundBrush = cursorRow(cell.palette);
     const QRect whole = cell.rect;
     if (isCursor && showsButton(index)) {
         painter->fillRect(whole, cell.backgroundBrush);
@@ -188,7 +178,7 @@ void FlexDelegate::paintTick(QPainter* painter, const QStyleOptionViewItem& opti
     m_grid->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &tick, painter, m_grid);
     // The style's own outline hardly shows on a dark ground.
     painter->save();
-    painter->setPen(mixed(option.palette.base().color(), option.palette.text().color(), kQuietPercent));
+    painter->setPen(outline(option.palette));
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(tick.rect.adjusted(0, 0, -1, -1));
     painter->restore();
@@ -211,9 +201,9 @@ void FlexDelegate::paintButton(QPainter* painter, const QStyleOptionViewItem& op
 
 void FlexDelegate::paintCursor(QPainter* painter, const QStyleOptionViewItem& option) const
 {
-    const QColor quiet = mixed(option.palette.base().color(), option.palette.text().color(), kQuietPercent);
     painter->save();
-    painter->setPen(QPen(m_grid->hasFocus() ? option.palette.highlight().color() : quiet, kCursorWidth));
+    painter->setPen(
+        QPen(m_grid->hasFocus() ? focusMark(option.palette) : outline(option.palette), kCursorWidth));
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
     painter->restore();

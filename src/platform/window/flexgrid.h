@@ -175,6 +175,7 @@ protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyboardSearch(const QString& search) override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -188,10 +189,13 @@ private:
 
     // flexgridlook.cpp
     void setUpLook();
+    void fitToFont();
     void applyWidths();
     void applyWidth(int col);
     [[nodiscard]] int widthPixels(int col) const;
+    [[nodiscard]] int leastPixels(int col) const;
     [[nodiscard]] double widthScale() const;
+    [[nodiscard]] double sharePixels(const QList<bool>& keeps) const;
     [[nodiscard]] double basePixels(int col) const;
     [[nodiscard]] int heightOfRows() const;
 

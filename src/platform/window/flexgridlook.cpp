@@ -4,7 +4,9 @@
 
 #include "platform/window/flexgrid.h"
 #include "platform/window/flexmodel.h"
+#include "platform/window/spacing.h"
 
+#include <QEvent>
 #include <QHeaderView>
 
 #include <algorithm>
@@ -17,8 +19,6 @@ namespace {
 constexpr double kTwipsPerInch = 1440.0;
 /// Width of a digit in the small font that widths in twips are made for, in pixels at 96 dots an inch.
 constexpr double kDesignDigitWidth = 6.0;
-constexpr int kRowPadding = 8;
-constexpr int kHeadingPadding = 14;
 constexpr int kRowsInHint = 4;
 
 } // namespace
@@ -32,12 +32,26 @@ void FlexGrid::setUpLook()
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(1);
-    horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + 2);
     horizontalHeader()->viewport()->setMouseTracking(true);
+    fitToFont();
+}
+
+void FlexGrid::fitToFont()
+{
+    const int row = fontMetrics().height() + kRowInset;
+    verticalHeader()->setDefaultSectionSize(row);
+    horizontalHeader()->setFixedHeight(row + 2);
+    applyWidths();
+}
+
+void FlexGrid::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitToFont();
 }
 
 void FlexGrid::setFillsWidth(bool fills)
@@ -109,12 +123,15 @@ void FlexGrid::applyWidth(int col)
 int FlexGrid::widthPixels(int col) const
 {
     const int pixels = static_cast<int>(basePixels(col) * widthScale());
-    const FlexColumn& column = m_model->column(col);
-    const bool followsHeading = column.kind == CellKind::Boolean || column.widthTwips == kWidthNotSet;
-    if (!followsHeading)
-        return std::max(pixels, 1);
-    return std::max(pixels, horizontalHeader()->fontMetrics().horizontalAdvance(m_model->text(0, col)) +
-                                kHeadingPadding);
+    return std::max(pixels, leastPixels(col));
+}
+
+/// What the column's heading needs; a column that isn't there to be read needs nothing.
+int FlexGrid::leastPixels(int col) const
+{
+    if (!m_model->column(col).isReadable())
+        return 1;
+    return horizontalHeader()->fontMetrics().horizontalAdvance(m_model->text(0, col)) + kCellInset;
 }
 
 double FlexGrid::basePixels(int col) const
@@ -128,16 +145,32 @@ double FlexGrid::widthScale() const
         std::max(1.0, fontMetrics().horizontalAdvance(QLatin1Char('0')) / kDesignDigitWidth);
     if (!m_fillsWidth)
         return fontScale;
+    // A tick column, and one that its share would cut, keeps the width of its heading and takes no share.
+    QList<bool> keeps(cols());
+    for (int col = 0; col < cols(); ++col)
+        keeps[col] = m_model->column(col).kind == CellKind::Boolean;
+    double share = sharePixels(keeps);
+    for (int turn = 0; turn < cols() && share > 0; ++turn) {
+        for (int col = 0; col < cols(); ++col)
+            keeps[col] = keeps[col] || basePixels(col) * share < leastPixels(col);
+        share = sharePixels(keeps);
+    }
+    return share > 0 ? std::max(1.0, share) : fontScale;
+}
+
+/// What one pixel of the design gets of the room that the columns which keep their width leave; 0 where all
+/// do.
+double FlexGrid::sharePixels(const QList<bool>& keeps) const
+{
     double wanted = 0;
     double room = viewport()->width();
     for (int col = 0; col < cols(); ++col) {
-        // A tick column keeps the width of its heading and takes no share.
-        if (m_model->column(col).kind == CellKind::Boolean)
-            room -= columnWidth(col);
+        if (keeps[col])
+            room -= leastPixels(col);
         else
             wanted += basePixels(col);
     }
-    return wanted > 0 ? std::max(1.0, room / wanted) : fontScale;
+    return wanted > 0 ? room / wanted : 0;
 }
 
 } // namespace platform

@@ -10,9 +10,17 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 
 namespace platform {
+
+namespace {
+
+/// Width of a digit in the type that the sizes of the form files are made for, in pixels.
+constexpr double kFormDigitWidth = 8;
+
+} // namespace
 
 Form::Form(QWidget* parent)
     : QDialog(parent)
@@ -32,6 +40,7 @@ void Form::load()
     if (m_state != State::Fresh)
         return;
     m_state = State::Loaded;
+    growWithFont();
     onLoad();
 }
 
@@ -76,6 +85,13 @@ FormKeys* Form::watchKeys()
     if (!m_keys)
         m_keys = new FormKeys(this);
     return m_keys;
+}
+
+void Form::growWithFont()
+{
+    const double share = fontMetrics().horizontalAdvance(QLatin1Char('0')) / kFormDigitWidth;
+    if (share > 1)
+        resize((QSizeF(size()) * share).toSize().boundedTo(screen()->availableSize()));
 }
 
 void Form::reject()

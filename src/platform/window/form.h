@@ -57,6 +57,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Larger type than the form was drawn for makes the window larger, up to the screen.
+    void growWithFont();
+
     enum class State { Fresh, Loaded, Unloaded };
 
     State m_state = State::Fresh;

@@ -25,6 +25,12 @@ enum class Icon {
     Note,
     Printer,
     Network,
+    FirstPage,
+    PreviousPage,
+    NextPage,
+    LastPage,
+    Stop,
+    Export,
     Application,    ///< the window icon, when the program has set one
     ApplicationLit, ///< the same, lighter, for when the pointer is over it
 };

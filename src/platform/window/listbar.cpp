@@ -5,6 +5,7 @@
 #include "platform/core/failurenumbers.h"
 #include "platform/window/accessibleroles.h"
 #include "platform/window/listbaritem.h"
+#include "platform/window/spacing.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -15,6 +16,13 @@
 #include <algorithm>
 
 namespace platform {
+
+namespace {
+
+/// A bar with short captions is as wide as this, in letters.
+constexpr int kLeastLetters = 16;
+
+} // namespace
 
 ListBar::ListBar(QWidget* parent)
     : QFrame(parent)
@@ -27,8 +35,8 @@ ListBar::ListBar(QWidget* parent)
     setBackgroundRole(QPalette::Base);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    m_layout->setContentsMargins(4, 4, 4, 4);
-    m_layout->setSpacing(2);
+    m_layout->setContentsMargins(kTight, kTight, kTight, kTight);
+    m_layout->setSpacing(kTight);
     m_layout->addStretch();
 }
 
@@ -38,7 +46,7 @@ void ListBar::addGroup(const QString& caption)
     QFont font = label->font();
     font.setBold(true);
     label->setFont(font);
-    label->setContentsMargins(6, 4, 6, 4);
+    label->setContentsMargins(kTight, kTight, kTight, kTight);
     label->setAutoFillBackground(true);
     label->setBackgroundRole(QPalette::Button);
     m_layout->insertWidget(m_layout->count() - 1, label);
@@ -84,7 +92,7 @@ void ListBar::setAltKeys(bool on)
 
 QSize ListBar::sizeHint() const
 {
-    return QFrame::sizeHint().expandedTo(QSize(fontMetrics().averageCharWidth() * 20, 0));
+    return QFrame::sizeHint().expandedTo(QSize(fontMetrics().averageCharWidth() * kLeastLetters, 0));
 }
 
 bool ListBar::eventFilter(QObject* watched, QEvent* event)

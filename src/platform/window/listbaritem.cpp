@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/listbaritem.h"
 
+#include "platform/window/spacing.h"
+
 #include <QPainter>
 #include <QShortcutEvent>
 #include <QStyle>
@@ -14,7 +16,7 @@ ListBarItem::ListBarItem(QString key, const QString& caption, const QIcon& icon,
 {
     setText(caption);
     setIcon(icon);
-    setIconSize(QSize(22, 22));
+    setIconSize(QSize(kBarPicture, kBarPicture));
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus);

@@ -2,10 +2,19 @@
 #include "platform/window/picturebox.h"
 
 #include "platform/window/icons.h"
+#include "platform/window/spacing.h"
 
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace platform {
+
+namespace {
+
+constexpr int kLeastPicture = 16;
+
+} // namespace
 
 PictureBox::PictureBox(QWidget* parent)
     : QToolButton(parent)
@@ -14,6 +23,26 @@ PictureBox::PictureBox(QWidget* parent)
     setMouseTracking(true);
     setAutoRaise(true);
     setIcon(platform::icon(Icon::Search));
+    fitToFont();
+}
+
+QSize PictureBox::sizeHint() const
+{
+    const int side = fontMetrics().height() + kRowInset;
+    return {side, side};
+}
+
+void PictureBox::fitToFont()
+{
+    const int picture = std::max(kLeastPicture, fontMetrics().height());
+    setIconSize({picture, picture});
+}
+
+void PictureBox::changeEvent(QEvent* event)
+{
+    QToolButton::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitToFont();
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event)

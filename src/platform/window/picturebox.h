@@ -15,12 +15,19 @@ class PictureBox : public QToolButton
 public:
     explicit PictureBox(QWidget* parent = nullptr);
 
+    /// As high as the field that it stands beside, so that rows of fields keep their distances.
+    [[nodiscard]] QSize sizeHint() const override;
+
 Q_SIGNALS:
     void MouseMove();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    void fitToFont();
 };
 
 } // namespace platform

@@ -8,7 +8,16 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace platform {
+
+namespace {
+
+/// A box that takes more is for texts, which scroll in it.
+constexpr int kLongestCode = 15;
+
+} // namespace
 
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent)
@@ -44,6 +53,17 @@ void TextBox::setSelStart(int position)
         throw Failure(kInvalidPropertyValue, QStringLiteral("position %1").arg(position));
     deselect();
     setCursorPosition(position);
+}
+
+QSize TextBox::minimumSizeHint() const
+{
+    // The base class makes room for one letter, the widest there is.
+    const QSize oneLetter = QLineEdit::minimumSizeHint();
+    if (maxLength() > kLongestCode)
+        return oneLetter;
+    const QFontMetrics metrics = fontMetrics();
+    const int code = metrics.horizontalAdvance(QString(maxLength(), QLatin1Char('0')));
+    return {oneLetter.width() + std::max(0, code - metrics.maxWidth()), oneLetter.height()};
 }
 
 void TextBox::focusInEvent(QFocusEvent* event)

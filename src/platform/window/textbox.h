@@ -30,6 +30,9 @@ public:
     [[nodiscard]] int selStart() const;
     void setSelStart(int position);
 
+    /// A box that takes a code is never narrower than the code.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// The focus came or went by the user's or the program's doing (see `focusrules.h`).
     void gotFocus();

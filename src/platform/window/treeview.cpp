@@ -4,6 +4,7 @@
 #include "platform/core/failure.h"
 #include "platform/core/failurenumbers.h"
 #include "platform/window/icons.h"
+#include "platform/window/spacing.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
 constexpr int kImageRole = Qt::UserRole + 1;
-constexpr int kIndentation = 14;
 
 bool isAllDigits(const QString& key)
 {
@@ -48,7 +48,7 @@ TreeView::TreeView(QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformRowHeights(true);
-    setIndentation(kIndentation);
+    setIndentation(kTreeStep);
     connect(this, &QTreeWidget::itemClicked, this, &TreeView::reportClick);
 }
 

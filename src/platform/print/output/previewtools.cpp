@@ -3,15 +3,14 @@
 // and refresh never are.
 #include "platform/print/output/pageview.h"
 #include "platform/print/output/preview.h"
+#include "platform/window/icons.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
-#include <QIcon>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QSpinBox>
-#include <QStyle>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -21,12 +20,6 @@ namespace {
 
 constexpr int kFitWidth = -1;
 constexpr int kFitPage = -2;
-
-/// From the icon theme, else one that the style draws itself.
-QIcon themed(const QWidget* widget, const QString& name, QStyle::StandardPixmap otherwise)
-{
-    return QIcon::fromTheme(name, widget->style()->standardIcon(otherwise));
-}
 
 QToolBar* toolBarOf(QMainWindow* window)
 {
@@ -55,10 +48,10 @@ void PreviewWindow::buildTools(const PreviewRequest& request)
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     if (request.navigation) {
-        m_navigation += tool(themed(this, u"go-first"_s, QStyle::SP_MediaSkipBackward), u"Primera página"_s,
-                             u"primera"_s, &PreviewWindow::goFirst);
-        m_navigation += tool(themed(this, u"go-previous"_s, QStyle::SP_ArrowBack), u"Página anterior"_s,
-                             u"anterior"_s, &PreviewWindow::goPrevious);
+        m_navigation +=
+            tool(icon(Icon::FirstPage), u"Primera página"_s, u"primera"_s, &PreviewWindow::goFirst);
+        m_navigation +=
+            tool(icon(Icon::PreviousPage), u"Página anterior"_s, u"anterior"_s, &PreviewWindow::goPrevious);
         m_pageBox = new QSpinBox(bar);
         m_pageBox->setObjectName(u"pagina"_s);
         m_pageBox->setAccessibleName(u"Ir a la página"_s);
@@ -66,23 +59,19 @@ void PreviewWindow::buildTools(const PreviewRequest& request)
         m_pageBox->setKeyboardTracking(false);
         connect(m_pageBox, &QSpinBox::valueChanged, this, [this](int page) { goTo(page - 1); });
         bar->addWidget(m_pageBox);
-        m_navigation += tool(themed(this, u"go-next"_s, QStyle::SP_ArrowForward), u"Página siguiente"_s,
-                             u"siguiente"_s, &PreviewWindow::goNext);
-        m_navigation += tool(themed(this, u"go-last"_s, QStyle::SP_MediaSkipForward), u"Última página"_s,
-                             u"ultima"_s, &PreviewWindow::goLast);
+        m_navigation +=
+            tool(icon(Icon::NextPage), u"Página siguiente"_s, u"siguiente"_s, &PreviewWindow::goNext);
+        m_navigation += tool(icon(Icon::LastPage), u"Última página"_s, u"ultima"_s, &PreviewWindow::goLast);
         bar->addSeparator();
     }
     if (request.cancel)
-        m_cancel = tool(themed(this, u"process-stop"_s, QStyle::SP_BrowserStop), u"Cancelar"_s, u"cancelar"_s,
-                        &PreviewWindow::cancelRun);
+        m_cancel = tool(icon(Icon::Stop), u"Cancelar"_s, u"cancelar"_s, &PreviewWindow::cancelRun);
     if (request.print)
-        tool(QIcon::fromTheme(u"document-print"_s), u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
+        tool(icon(Icon::Print), u"Imprimir"_s, u"imprimir"_s, &PreviewWindow::printNow);
     if (request.printSetup)
-        tool(QIcon::fromTheme(u"printer"_s), u"Configurar impresora"_s, u"configurar"_s,
-             &PreviewWindow::choosePrinter);
+        tool(icon(Icon::Printer), u"Configurar impresora"_s, u"configurar"_s, &PreviewWindow::choosePrinter);
     if (request.exports)
-        tool(themed(this, u"document-save-as"_s, QStyle::SP_DialogSaveButton), u"Exportar"_s, u"exportar"_s,
-             &PreviewWindow::chooseExport);
+        tool(icon(Icon::Export), u"Exportar"_s, u"exportar"_s, &PreviewWindow::chooseExport);
     if (request.zoom)
         buildZoom();
 }
