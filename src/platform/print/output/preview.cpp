@@ -16,6 +16,7 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -29,13 +30,20 @@ namespace {
 
 constexpr double kZoomStep = 1.25;
 
-/// Stays where it is scrolled to when Tab leaves the page for the tools.
+/// Stays where it is scrolled to when Tab leaves the page for the tools, and shows the page's focus in its
+/// frame: the page itself may be larger than what is in view.
 class PageArea final : public QScrollArea
 {
 public:
     using QScrollArea::QScrollArea;
 
 protected:
+    void initStyleOption(QStyleOptionFrame* option) const override
+    {
+        QScrollArea::initStyleOption(option);
+        if (widget() && widget()->hasFocus())
+            option->state |= QStyle::State_HasFocus;
+    }
     bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
 };
 
@@ -318,6 +326,8 @@ bool PreviewWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && handleKey(static_cast<QKeyEvent*>(event)))
         return true;
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        m_area->update();
     if (event->type() == QEvent::Wheel) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
         if (wheel->modifiers() == Qt::ControlModifier) {
