@@ -9,6 +9,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
@@ -44,7 +45,10 @@ protected:
         if (widget() && widget()->hasFocus())
             option->state |= QStyle::State_HasFocus;
     }
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override
+    {
+        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
+    }
 };
 
 /// The lists that the combos of a dialog drop bear the name of their combo's label.
@@ -259,7 +263,7 @@ void PreviewWindow::choosePrinter()
 
 void PreviewWindow::chooseExport()
 {
-    QFileDialog dialog(this, u"Exportar"_s, QString(), u"PDF (*.pdf);;CSV (*.csv)"_s);
+    QFileDialog dialog(this, u"Exportar"_s, QDir::currentPath(), u"PDF (*.pdf);;CSV (*.csv)"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.selectFile(windowTitle() + u".pdf"_s);
     nameLists(dialog);
