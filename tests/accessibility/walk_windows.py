@@ -41,7 +41,7 @@ REPORT = {("tool bar", "Impresión"), ("text", "Selección desde"), ("text", "Se
           ("push button", "Buscar el primero"), ("push button", "Buscar el último"), ("tree", "Impresoras"),
           ("push button", "Visualizar"), ("push button", "Imprimir"), ("push button", "Enviar"),
           ("push button", "Salir")}
-EXPORT = {("text", "Nombre de fichero:"), ("combo box", "Ficheros de tipo:"), ("push button", "Guardar"),
+EXPORT = {("text", "Nombre de fichero:"), ("list", "Ficheros de tipo:"), ("push button", "Guardar"),
           ("push button", "Cancelar"), ("push button", "Directorio superior")}
 MENUS = {"Archivo": ["Fichas de Clientes", "Salir"],
          "Listados": ["Resumen Gestión Sat", "Albaranes de Revisión"]}

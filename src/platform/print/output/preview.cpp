@@ -51,11 +51,13 @@ protected:
     }
 };
 
-/// The lists that the combos of a dialog drop bear the name of their combo's label.
-void nameLists(const QDialog& dialog)
+/// The list that a combo of the file dialog drops bears the words of the combo's label. The dialog doesn't
+/// join the two; it only names them alike.
+void nameLists(const QFileDialog& dialog)
 {
-    for (const auto* label : dialog.findChildren<QLabel*>()) {
-        if (const auto* combo = qobject_cast<QComboBox*>(label->buddy()))
+    for (const auto* combo : dialog.findChildren<QComboBox*>()) {
+        const QString twin = combo->objectName().replace(u"Combo"_s, u"Label"_s);
+        if (const auto* label = dialog.findChild<QLabel*>(twin))
             combo->view()->setAccessibleName(label->text().remove(u'&'));
     }
 }
