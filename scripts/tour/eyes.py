@@ -10,8 +10,8 @@ from servants import answer, tool
 from waiting import Broken, wait_for
 
 # The program's colours for the row with the cursor, in a grid and in a tree or list.
-GRID_ROW = (235, 244, 250)
-CHOSEN = (48, 140, 198)
+GRID_ROW = (234, 242, 247)
+CHOSEN = (43, 124, 175)
 
 _FEW = 40  # pixels; less of a colour is a letter's edge
 _TRIES = 40
