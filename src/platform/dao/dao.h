@@ -94,13 +94,15 @@ public:
 private:
     friend class Index;
     std::shared_ptr<IndexState> m_index;
+    std::shared_ptr<TableDefState> m_table;
 };
 
 class Index
 {
 public:
     Index() = default;
-    explicit Index(std::shared_ptr<IndexState> state);
+    /// `table` is the definition that the index was taken from, kept as long as the handle.
+    explicit Index(std::shared_ptr<IndexState> state, std::shared_ptr<TableDefState> table = nullptr);
 
     [[nodiscard]] QString Name() const;
     [[nodiscard]] bool Primary() const;
@@ -113,6 +115,7 @@ public:
 private:
     friend class Indexes;
     std::shared_ptr<IndexState> m_state;
+    std::shared_ptr<TableDefState> m_table;
 };
 
 class Indexes

@@ -40,8 +40,9 @@ void requireColumns(const TableDefState& table, const storage::IndexDefinition& 
 
 } // namespace
 
-Index::Index(std::shared_ptr<IndexState> state)
+Index::Index(std::shared_ptr<IndexState> state, std::shared_ptr<TableDefState> table)
     : m_state(std::move(state))
+    , m_table(std::move(table))
 {}
 
 QString Index::Name() const
@@ -82,6 +83,7 @@ IndexFields Index::Fields() const
     valid(m_state);
     IndexFields fields;
     fields.m_index = m_state;
+    fields.m_table = m_table;
     return fields;
 }
 
@@ -108,13 +110,13 @@ int Indexes::Count() const
 Index Indexes::Item(int index) const
 {
     bound(m_table).requireValid();
-    return Index(member(m_table->indexes, index));
+    return Index(member(m_table->indexes, index), m_table);
 }
 
 Index Indexes::Item(const QString& name) const
 {
     bound(m_table).requireValid();
-    return Index(member(m_table->indexes, m_table->indexPosition(name)));
+    return Index(member(m_table->indexes, m_table->indexPosition(name)), m_table);
 }
 
 void Indexes::Append(const Index& index)
