@@ -46,7 +46,7 @@ double luminance(const QColor& colour)
            0.0722 * linear(colour.blueF());
 }
 
-bool holds(const QColor& ink, const QList<QColor>& grounds, double least)
+bool hasContrast(const QColor& ink, const QList<QColor>& grounds, double least)
 {
     return std::all_of(grounds.begin(), grounds.end(),
                        [&](const QColor& ground) { return contrast(ink, ground) >= least; });
@@ -56,7 +56,7 @@ bool holds(const QColor& ink, const QList<QColor>& grounds, double least)
 int amountNeeded(const QColor& ink, const QColor& pole, const QList<QColor>& grounds, double least)
 {
     int percent = 0;
-    while (percent <= kWhole && !holds(mixed(ink, pole, percent), grounds, least))
+    while (percent <= kWhole && !hasContrast(mixed(ink, pole, percent), grounds, least))
         ++percent;
     return percent;
 }
@@ -86,7 +86,7 @@ void makeHighlightReadable(QPalette& palette, QPalette::ColorGroup group)
     const QColor given = palette.color(group, QPalette::Highlight);
     QColor text = palette.color(group, QPalette::HighlightedText);
     QColor highlight = withContrast(given, {text}, kTextContrast);
-    if (!holds(highlight, grounds, kMarkContrast)) {
+    if (!hasContrast(highlight, grounds, kMarkContrast)) {
         highlight = withContrast(given, grounds, kMarkContrast);
         text = withContrast(text, {highlight}, kTextContrast);
     }
